@@ -1,0 +1,91 @@
+#include "platform/Dialogs.h"
+
+#include <QAbstractItemView>
+#include <QFileDialog>
+#include <QListView>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTreeView>
+
+namespace marquill {
+
+namespace {
+
+QStringList nameFilters(const QStringList& suffixes) {
+    QStringList patterns;
+    for (const QString& suffix : suffixes) {
+        patterns.append(u"*."_s + suffix);
+    }
+    return patterns.isEmpty() ? QStringList() : QStringList(patterns.join(u' '));
+}
+
+class ToolkitDialogs : public Dialogs {
+  public:
+    int alert(QWidget* window, const Alert& alert) override {
+        QMessageBox box(window);
+        box.setIcon(QMessageBox::Warning);
+        box.setWindowTitle(alert.title);
+        box.setText(u"<b>"_s + alert.title.toHtmlEscaped() + u"</b>"_s);
+        box.setInformativeText(alert.text);
+        box.setTextFormat(Qt::RichText);
+        QList<QAbstractButton*> buttons;
+        for (const QString& text : alert.buttons) {
+            buttons.append(box.addButton(text, QMessageBox::ActionRole));
+        }
+        box.setDefaultButton(qobject_cast<QPushButton*>(buttons.first()));
+        box.exec();
+        return std::max(0, static_cast<int>(buttons.indexOf(box.clickedButton())));
+    }
+
+    QStringList chooseFolders(QWidget* window, const FileChoice& choice) override {
+        QFileDialog chooser(window, choice.title, choice.startFolder);
+        chooser.setFileMode(QFileDialog::Directory);
+        chooser.setOption(QFileDialog::ShowDirsOnly);
+        // Desktops' own choosers take one folder only.
+        chooser.setOption(QFileDialog::DontUseNativeDialog);
+        chooser.setWindowModality(Qt::WindowModal);
+        for (QAbstractItemView* list : chooser.findChildren<QAbstractItemView*>()) {
+            if (qobject_cast<QListView*>(list) || qobject_cast<QTreeView*>(list)) {
+                list->setSelectionMode(QAbstractItemView::ExtendedSelection);
+            }
+        }
+        return chooser.exec() == QDialog::Accepted ? chooser.selectedFiles() : QStringList();
+    }
+
+    QStringList chooseFiles(QWidget* window, const FileChoice& choice) override {
+        QFileDialog chooser(window, choice.title, choice.startFolder);
+        chooser.setFileMode(QFileDialog::ExistingFiles);
+        chooser.setNameFilters(nameFilters(choice.suffixes));
+        chooser.setWindowModality(Qt::WindowModal);
+        return chooser.exec() == QDialog::Accepted ? chooser.selectedFiles() : QStringList();
+    }
+
+    std::optional<QString> chooseFileToSave(QWidget* window, const FileChoice& choice) override {
+        QFileDialog chooser(window, choice.title, choice.startFolder);
+        chooser.setAcceptMode(QFileDialog::AcceptSave);
+        chooser.setFileMode(QFileDialog::AnyFile);
+        chooser.setNameFilters(nameFilters(choice.suffixes));
+        chooser.setDefaultSuffix(choice.suffixes.value(0));
+        chooser.selectFile(choice.fileName);
+        chooser.setWindowModality(Qt::WindowModal);
+        if (chooser.exec() != QDialog::Accepted) {
+            return std::nullopt;
+        }
+        return chooser.selectedFiles().value(0);
+    }
+};
+
+Dialogs* installed = nullptr;
+
+}  // namespace
+
+Dialogs& Dialogs::current() {
+    static ToolkitDialogs toolkit;
+    return installed ? *installed : toolkit;
+}
+
+void Dialogs::install(Dialogs* dialogs) {
+    installed = dialogs;
+}
+
+}  // namespace marquill

@@ -1,0 +1,38 @@
+#include "platform/TableView.h"
+
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QMenu>
+
+namespace marquill {
+
+TableView::TableView(QWidget* parent) : QTableView(parent) {
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    setTabKeyNavigation(false);
+}
+
+void TableView::keyPressEvent(QKeyEvent* event) {
+    const bool isDelete = event->key() == Qt::Key_Backspace || event->key() == Qt::Key_Delete;
+    if (isDelete && deleteItem) {
+        deleteItem();
+        return;
+    }
+    if (!isDelete && keyDown && event->text().size() == 1) {
+        keyDown(*event);
+    }
+    QTableView::keyPressEvent(event);
+}
+
+void TableView::contextMenuEvent(QContextMenuEvent* event) {
+    if (QMenu* menu = menuForEvent ? menuForEvent(*event) : nullptr) {
+        menu->popup(event->globalPos());
+    }
+}
+
+void TableView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
+    const bool reverts = hint == QAbstractItemDelegate::RevertModelCache;
+    QTableView::closeEditor(editor, reverts ? hint : QAbstractItemDelegate::NoHint);
+    setFocus(Qt::OtherFocusReason);
+}
+
+}  // namespace marquill

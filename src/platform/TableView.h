@@ -1,0 +1,30 @@
+// The table of the program's lists: it routes the Delete keys, context menus and key presses to the list's
+// controller, and ending a cell edit never moves on to another cell. Main thread.
+#pragma once
+
+#include <QTableView>
+
+#include <functional>
+
+class QMenu;
+
+namespace marquill {
+
+class TableView : public QTableView {
+    Q_OBJECT
+
+  public:
+    explicit TableView(QWidget* parent = nullptr);
+
+    // What the controller answers to; each may be left unset.
+    std::function<void()> deleteItem;         ///< Delete and Forward Delete; the key goes no further
+    std::function<void(QKeyEvent&)> keyDown;  ///< other keys of one character, before the table
+    std::function<QMenu*(const QContextMenuEvent&)> menuForEvent;  ///< the menu for a right click, or null
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
+};
+
+}  // namespace marquill

@@ -1,0 +1,69 @@
+#include "platform/WindowDescription.h"
+
+#include <QFile>
+#include <QHash>
+#include <QUiLoader>
+
+namespace marquill {
+
+namespace {
+
+QHash<QString, WindowDescription::Factory>& factories() {
+    static QHash<QString, WindowDescription::Factory> factories;
+    return factories;
+}
+
+QString& folder() {
+    static QString folder = u":/windows"_s;
+    return folder;
+}
+
+// Qt's own loader, extended by our widget classes and without looking for plugins on disk.
+class Loader : public QUiLoader {
+  public:
+    Loader() { clearPluginPaths(); }
+
+    QWidget* createWidget(const QString& className, QWidget* parent, const QString& name) override {
+        const auto factory = factories().constFind(className);
+        if (factory == factories().constEnd()) {
+            return QUiLoader::createWidget(className, parent, name);
+        }
+        QWidget* widget = (*factory)(parent);
+        widget->setObjectName(name);
+        return widget;
+    }
+};
+
+}  // namespace
+
+void WindowDescription::registerWidget(const QString& className, Factory factory) {
+    factories().insert(className, std::move(factory));
+}
+
+Result<std::unique_ptr<QWidget>> WindowDescription::load(const QString& name) {
+    QFile file(folder() + u'/' + name + u".ui"_s);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return failure(ErrorCode::notFound, u"the window description is missing; install Marquill again"_s,
+                       file.fileName());
+    }
+    Loader loader;
+    std::unique_ptr<QWidget> window(loader.load(&file));
+    if (!window) {
+        return failure(ErrorCode::malformed, loader.errorString(), file.fileName());
+    }
+    return window;
+}
+
+void WindowDescription::useFolder(const QString& path) {
+    folder() = path;
+}
+
+Result<void> Outlets::check() const {
+    if (_missing.isEmpty()) {
+        return {};
+    }
+    return failure(ErrorCode::malformed, u"the window description lacks "_s + _missing.join(u", "_s),
+                   _window.objectName());
+}
+
+}  // namespace marquill
