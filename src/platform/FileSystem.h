@@ -26,6 +26,7 @@ struct FileAttributes {
     std::optional<Date> birthDate;  ///< none where the file system knows none
     quint64 device = 0;
     quint64 inode = 0;
+    quint32 permissions = 0;  ///< the twelve POSIX bits, e.g. 0644
 
     /// The earlier of birth time and modification time. A file copied with its times kept then has a creation
     /// date equal to its modification date.
@@ -50,6 +51,8 @@ class OpenFile {
     virtual Result<void> write(qint64 offset, QByteArrayView bytes) = 0;
     /// Returns when what was written is on the device.
     virtual Result<void> sync() = 0;
+    /// Gives the file these POSIX permission bits.
+    virtual Result<void> setPermissions(quint32 permissions) = 0;
 };
 
 enum class OpenMode {
@@ -65,7 +68,10 @@ class FileSystem {
     /// Opens a regular file; anything else (folder, pipe, device) is refused with notAFile, and never blocks.
     virtual Result<std::unique_ptr<OpenFile>> open(const QString& path, OpenMode mode) = 0;
     virtual Result<FileAttributes> attributes(const QString& path, Links links) = 0;
-    /// The names in a folder, without "." and "..", in the order the file system lists them.
+    /// Where a symbolic link points to, as it is written in the link.
+    virtual Result<QString> linkTarget(const QString& link) = 0;
+    /// The names in a folder, without "." and "..", in the order the file system lists them. Names whose bytes
+    /// are no text cannot be told apart as texts; they are left out, and logged.
     virtual Result<QStringList> list(const QString& folder) = 0;
     /// Gives `from` the name `to` in one step, replacing a file of that name.
     virtual Result<void> replace(const QString& from, const QString& to) = 0;
