@@ -70,8 +70,8 @@ class FileSystem {
     virtual Result<FileAttributes> attributes(const QString& path, Links links) = 0;
     /// Where a symbolic link points to, as it is written in the link.
     virtual Result<QString> linkTarget(const QString& link) = 0;
-    /// The names in a folder, without "." and "..", in the order the file system lists them. Names whose bytes
-    /// are no text cannot be told apart as texts; they are left out, and logged.
+    /// The names in a folder, without "." and "..", in the order the file system lists them. Names whose
+    /// bytes are no text cannot be told apart as texts; they are left out, and logged.
     virtual Result<QStringList> list(const QString& folder) = 0;
     /// Gives `from` the name `to` in one step, replacing a file of that name.
     virtual Result<void> replace(const QString& from, const QString& to) = 0;

@@ -1,0 +1,247 @@
+#include "platform/Files.h"
+
+#include "platform/Log.h"
+
+#include <QRandomGenerator>
+
+namespace marquill {
+
+namespace {
+
+constexpr qint64 largestFileRead = qint64{1} << 30;
+constexpr int mostLinksFollowed = 40;
+constexpr int mostTemporaryNames = 100;
+
+FileSystem& files() {
+    return FileSystem::current();
+}
+
+/// A name of its own length, since the target's may already have all 255 bytes that a name can have, and with
+/// an ending that no listing of clips takes for a clip.
+QString temporaryName() {
+    return u".marquill-%1"_s.arg(QRandomGenerator::system()->generate64(), 16, 16, QChar(u'0'));
+}
+
+/// Notes a failure that harms nothing the caller asked for.
+void logFailure(const Result<void>& result) {
+    if (!result) {
+        qCInfo(logPlatform).noquote() << result.error().description();
+    }
+}
+
+struct TemporaryFile {
+    QString path;
+    std::unique_ptr<OpenFile> file;
+};
+
+Result<TemporaryFile> createTemporaryFile(const QString& folder) {
+    for (int attempt = 1;; ++attempt) {
+        const QString path = joinPath(folder, temporaryName());
+        Result<std::unique_ptr<OpenFile>> file = files().open(path, OpenMode::createNew);
+        if (file) {
+            return TemporaryFile{path, *std::move(file)};
+        }
+        if (file.error().code != ErrorCode::alreadyExists || attempt == mostTemporaryNames) {
+            return std::unexpected(file.error());
+        }
+    }
+}
+
+Result<void> fill(OpenFile& file, QByteArrayView bytes, std::optional<quint32> permissions) {
+    if (permissions) {
+        // Memory cards know no permissions and refuse to be given any; the file counts, not they.
+        logFailure(file.setPermissions(*permissions));
+    }
+    if (Result<void> written = file.write(0, bytes); !written) {
+        return written;
+    }
+    return file.sync();
+}
+
+using FinishTemporary = Result<void> (FileSystem::*)(const QString& from, const QString& to);
+
+/// Writes `bytes` beside `target` and gives them its name by `finish`.
+Result<void> writeBeside(const QString& target, QByteArrayView bytes, std::optional<quint32> permissions,
+                         FinishTemporary finish) {
+    const QString folder = parentFolder(target);
+    Result<TemporaryFile> temporary = createTemporaryFile(folder);
+    if (!temporary) {
+        temporary.error().path = target;
+        return std::unexpected(temporary.error());
+    }
+    Result<void> done = fill(*temporary->file, bytes, permissions);
+    temporary->file.reset();
+    if (done) {
+        done = (files().*finish)(temporary->path, target);
+    }
+    if (!done) {
+        logFailure(files().removeFile(temporary->path));
+        done.error().path = target;
+        return done;
+    }
+    // The file is whole and has its name; a volume that cannot sync a folder loses nothing of that.
+    logFailure(files().syncFolder(folder));
+    return {};
+}
+
+/// Where the symbolic links at `path` lead; the last one's target need not exist.
+Result<QString> followLinks(QString path) {
+    for (int count = 0; count < mostLinksFollowed; ++count) {
+        const Result<FileAttributes> attributes = files().attributes(path, Links::keep);
+        if (!attributes || attributes->type != FileType::symbolicLink) {
+            return path;
+        }
+        const Result<QString> target = files().linkTarget(path);
+        if (!target) {
+            return target;
+        }
+        path = target->startsWith(u'/') ? *target : joinPath(parentFolder(path), *target);
+    }
+    return failure(ErrorCode::notFound, u"The links on the way to it lead in a circle. Remove one of them."_s,
+                   path);
+}
+
+bool isFolder(const Result<FileAttributes>& attributes) {
+    return attributes && attributes->type == FileType::folder;
+}
+
+Result<void> removeFolderWithContents(const QString& folder) {
+    const Result<QStringList> names = files().list(folder);
+    if (!names) {
+        return std::unexpected(names.error());
+    }
+    for (const QString& name : *names) {
+        if (Result<void> removed = removeAll(joinPath(folder, name)); !removed) {
+            return removed;
+        }
+    }
+    return files().removeFolder(folder);
+}
+
+/// The path without the slashes at its end; "/" stays.
+QStringView trimmedPath(QStringView view) {
+    while (view.size() > 1 && view.endsWith(u'/')) {
+        view.chop(1);
+    }
+    return view;
+}
+
+/// Where the "." of the extension stands in `path`, or -1 when it has none.
+qsizetype extensionDot(QStringView path) {
+    const qsizetype nameStart = path.lastIndexOf(u'/') + 1;
+    const qsizetype dot = path.lastIndexOf(u'.');
+    return dot > nameStart && dot + 1 < path.size() ? dot : -1;
+}
+
+}  // namespace
+
+Result<QByteArray> readFile(const QString& path) {
+    const Result<std::unique_ptr<OpenFile>> file = files().open(path, OpenMode::read);
+    if (!file) {
+        return std::unexpected(file.error());
+    }
+    const Result<FileAttributes> attributes = (*file)->attributes();
+    if (!attributes) {
+        return std::unexpected(attributes.error());
+    }
+    if (attributes->size > largestFileRead) {
+        return failure(ErrorCode::unsupported,
+                       u"The file is larger than 1 GiB, which no file of its kind is."_s, path);
+    }
+    QByteArray bytes(attributes->size, Qt::Uninitialized);
+    const Result<qint64> count =
+        (*file)->read(0, std::span(bytes.data(), static_cast<std::size_t>(bytes.size())));
+    if (!count) {
+        return std::unexpected(count.error());
+    }
+    bytes.truncate(*count);
+    return bytes;
+}
+
+Result<void> writeFile(const QString& path, QByteArrayView bytes) {
+    const Result<QString> target = followLinks(path);
+    if (!target) {
+        return std::unexpected(target.error());
+    }
+    std::optional<quint32> permissions;
+    if (const Result<FileAttributes> old = files().attributes(*target, Links::keep)) {
+        if (old->type != FileType::regular) {
+            return failure(ErrorCode::notAFile, u"A folder, pipe or device stands where a file is wanted."_s,
+                           path);
+        }
+        permissions = old->permissions;
+    }
+    return writeBeside(*target, bytes, permissions, &FileSystem::replace);
+}
+
+Result<void> writeNewFile(const QString& path, QByteArrayView bytes) {
+    return writeBeside(path, bytes, std::nullopt, &FileSystem::move);
+}
+
+bool fileExists(const QString& path) {
+    return files().attributes(path, Links::follow).has_value();
+}
+
+bool folderExists(const QString& path) {
+    return isFolder(files().attributes(path, Links::follow));
+}
+
+Result<void> makeFolders(const QString& path) {
+    if (folderExists(path)) {
+        return {};
+    }
+    const QString parent = parentFolder(path);
+    if (parent != path) {
+        if (Result<void> made = makeFolders(parent); !made) {
+            return made;
+        }
+    }
+    if (Result<void> made = files().makeFolder(path); !made && !folderExists(path)) {
+        return made;
+    }
+    return {};  // Made here, or meanwhile by another program, which is as good.
+}
+
+Result<void> removeAll(const QString& path) {
+    const Result<FileAttributes> attributes = files().attributes(path, Links::keep);
+    if (!attributes) {
+        return std::unexpected(attributes.error());
+    }
+    return isFolder(attributes) ? removeFolderWithContents(path) : files().removeFile(path);
+}
+
+QString joinPath(const QString& folder, const QString& name) {
+    const QStringView start = trimmedPath(folder);
+    if (start.isEmpty()) {
+        return name;
+    }
+    return start.endsWith(u'/') ? start.toString() + name : start.toString() + u'/' + name;
+}
+
+QString lastPathComponent(const QString& path) {
+    const QStringView view = trimmedPath(path);
+    return view == "/"_L1 ? view.toString() : view.sliced(view.lastIndexOf(u'/') + 1).toString();
+}
+
+QString pathExtension(const QString& path) {
+    const QStringView view = trimmedPath(path);
+    const qsizetype dot = extensionDot(view);
+    return dot < 0 ? QString() : view.sliced(dot + 1).toString();
+}
+
+QString withoutPathExtension(const QString& path) {
+    const QStringView view = trimmedPath(path);
+    const qsizetype dot = extensionDot(view);
+    return (dot < 0 ? view : view.first(dot)).toString();
+}
+
+QString parentFolder(const QString& path) {
+    const QStringView view = trimmedPath(path);
+    const qsizetype slash = view.lastIndexOf(u'/');
+    if (slash < 0) {
+        return u"."_s;
+    }
+    return slash == 0 ? u"/"_s : trimmedPath(view.first(slash)).toString();
+}
+
+}  // namespace marquill

@@ -1,0 +1,344 @@
+// The operating system's files, by POSIX calls and Linux's statx and renameat2.
+#include "platform/ExclusiveMove.h"
+#include "platform/FileSystem.h"
+#include "platform/Log.h"
+#include "platform/NativeName.h"
+#include "platform/SystemError.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <climits>
+#include <concepts>
+#include <cstdio>
+
+namespace marquill {
+
+namespace {
+
+/// Calls again what a signal interrupted.
+template <std::invocable Call>
+auto retrying(Call call) {
+    auto result = call();
+    while (result == -1 && errno == EINTR) {
+        result = call();
+    }
+    return result;
+}
+
+std::unexpected<Error> systemFailure(int number, const QString& path) {
+    return std::unexpected(systemError(number, path));
+}
+
+Result<void> outcome(int result, const QString& path) {
+    if (result != 0) {
+        return systemFailure(errno, path);
+    }
+    return {};
+}
+
+Result<QByteArray> encoded(const QString& path) {
+    if (std::optional<QByteArray> name = nativeName(path)) {
+        return *std::move(name);
+    }
+    return systemFailure(ENOENT, path);
+}
+
+Date dateOf(const statx_timestamp& time) {
+    return Date(std::chrono::duration<double>(static_cast<double>(time.tv_sec) + time.tv_nsec * 1e-9));
+}
+
+FileType typeOf(mode_t mode) {
+    if (S_ISREG(mode)) {
+        return FileType::regular;
+    }
+    if (S_ISDIR(mode)) {
+        return FileType::folder;
+    }
+    return S_ISLNK(mode) ? FileType::symbolicLink : FileType::other;
+}
+
+FileAttributes attributesOf(const struct statx& status) {
+    FileAttributes attributes;
+    attributes.type = typeOf(status.stx_mode);
+    attributes.size = static_cast<qint64>(status.stx_size);
+    attributes.modificationDate = dateOf(status.stx_mtime);
+    if (status.stx_mask & STATX_BTIME) {
+        attributes.birthDate = dateOf(status.stx_btime);
+    }
+    attributes.device = (quint64{status.stx_dev_major} << 32) | status.stx_dev_minor;
+    attributes.inode = status.stx_ino;
+    attributes.permissions = status.stx_mode & 07777;
+    return attributes;
+}
+
+Result<FileAttributes> readAttributes(int folder, const char* name, int flags, const QString& path) {
+    struct statx status = {};
+    const int result =
+        retrying([&] { return statx(folder, name, flags, STATX_BASIC_STATS | STATX_BTIME, &status); });
+    if (result != 0) {
+        return systemFailure(errno, path);
+    }
+    return attributesOf(status);
+}
+
+class PosixFile final : public OpenFile {
+  public:
+    PosixFile(int descriptor, QString path) : _descriptor(descriptor), _path(std::move(path)) {}
+    ~PosixFile() override { close(_descriptor); }
+
+    Result<FileAttributes> attributes() override {
+        return readAttributes(_descriptor, "", AT_EMPTY_PATH, _path);
+    }
+
+    Result<qint64> read(qint64 offset, std::span<char> buffer) override {
+        std::size_t done = 0;
+        while (done < buffer.size()) {
+            const ssize_t count = retrying([&] {
+                return pread(_descriptor, buffer.data() + done, buffer.size() - done,
+                             offset + static_cast<qint64>(done));
+            });
+            if (count < 0) {
+                return systemFailure(errno, _path);
+            }
+            if (count == 0) {
+                break;
+            }
+            done += static_cast<std::size_t>(count);
+        }
+        return static_cast<qint64>(done);
+    }
+
+    Result<void> write(qint64 offset, QByteArrayView bytes) override {
+        while (!bytes.isEmpty()) {
+            const ssize_t count = retrying([&] {
+                return pwrite(_descriptor, bytes.data(), static_cast<std::size_t>(bytes.size()), offset);
+            });
+            if (count <= 0) {
+                return systemFailure(count < 0 ? errno : EIO, _path);
+            }
+            bytes = bytes.sliced(count);
+            offset += count;
+        }
+        return {};
+    }
+
+    Result<void> sync() override {
+        return outcome(retrying([&] { return fdatasync(_descriptor); }), _path);
+    }
+
+    Result<void> setPermissions(quint32 permissions) override {
+        return outcome(retrying([&] { return fchmod(_descriptor, permissions & 07777); }), _path);
+    }
+
+  private:
+    int _descriptor;
+    QString _path;
+};
+
+int openFlags(OpenMode mode) {
+    // Without O_NONBLOCK the opening of a pipe waits for whoever writes into it.
+    constexpr int always = O_NONBLOCK | O_CLOEXEC | O_NOCTTY;
+    switch (mode) {
+        case OpenMode::read:
+            return always | O_RDONLY;
+        case OpenMode::readWrite:
+            return always | O_RDWR;
+        case OpenMode::createNew:
+            break;
+    }
+    return always | O_RDWR | O_CREAT | O_EXCL;
+}
+
+Result<void> checkIsRegular(int descriptor, const QString& path) {
+    struct stat status = {};
+    if (fstat(descriptor, &status) != 0) {
+        return systemFailure(errno, path);
+    }
+    if (!S_ISREG(status.st_mode)) {
+        return systemFailure(S_ISDIR(status.st_mode) ? EISDIR : ENXIO, path);
+    }
+    return {};
+}
+
+/// An open folder, closed when it goes.
+using FolderStream = std::unique_ptr<DIR, int (*)(DIR*)>;
+
+bool isSelfOrParent(QByteArrayView name) {
+    return name == "." || name == "..";
+}
+
+Result<QStringList> namesIn(DIR* folder, const QString& path) {
+    QStringList names;
+    for (;;) {
+        errno = 0;
+        // The stream belongs to this call alone, which is all that readdir asks for.
+        const dirent* const entry = readdir(folder);  // NOLINT(concurrency-mt-unsafe)
+        if (!entry) {
+            break;
+        }
+        const QByteArrayView name(static_cast<const char*>(entry->d_name));
+        if (isSelfOrParent(name)) {
+            continue;
+        }
+        if (std::optional<QString> text = textOfNativeName(name)) {
+            names.append(*std::move(text));
+        } else {
+            qCWarning(logPlatform).noquote()
+                << path + u": the file name"_s << name.toByteArray().toPercentEncoding()
+                << u"is no UTF-8 text; the file is left out."_s;
+        }
+    }
+    if (errno != 0) {
+        return systemFailure(errno, path);
+    }
+    return names;
+}
+
+class PosixFileSystem final : public FileSystem {
+  public:
+    Result<std::unique_ptr<OpenFile>> open(const QString& path, OpenMode mode) override;
+    Result<FileAttributes> attributes(const QString& path, Links links) override;
+    Result<QString> linkTarget(const QString& link) override;
+    Result<QStringList> list(const QString& folder) override;
+    Result<void> replace(const QString& from, const QString& to) override;
+    Result<void> move(const QString& from, const QString& to) override;
+    Result<void> removeFile(const QString& path) override;
+    Result<void> removeFolder(const QString& path) override;
+    Result<void> makeFolder(const QString& path) override;
+    Result<void> syncFolder(const QString& path) override;
+};
+
+/// Of a call about two paths: `from` where that is missing, else `to`, is what the user has to look at.
+Error errorOfMove(int number, const QString& from, const QString& to, const char* nativeFrom) {
+    struct stat status = {};
+    const bool fromIsMissing = number == ENOENT && lstat(nativeFrom, &status) != 0;
+    return systemError(number, fromIsMissing ? from : to);
+}
+
+/// Performs `call`, which returns 0 or an errno value, with the native names of both paths.
+template <std::invocable<const char*, const char*> Call>
+Result<void> withNames(const QString& from, const QString& to, Call call) {
+    const Result<QByteArray> nativeFrom = encoded(from);
+    const Result<QByteArray> nativeTo = encoded(to);
+    if (!nativeFrom || !nativeTo) {
+        return std::unexpected(nativeFrom ? nativeTo.error() : nativeFrom.error());
+    }
+    const int number = call(nativeFrom->constData(), nativeTo->constData());
+    if (number != 0) {
+        return std::unexpected(errorOfMove(number, from, to, nativeFrom->constData()));
+    }
+    return {};
+}
+
+/// Performs `call`, which returns 0 or leaves errno, with the native name of `path`.
+template <std::invocable<const char*> Call>
+Result<void> withName(const QString& path, Call call) {
+    const Result<QByteArray> name = encoded(path);
+    if (!name) {
+        return std::unexpected(name.error());
+    }
+    return outcome(retrying([&] { return call(name->constData()); }), path);
+}
+
+Result<std::unique_ptr<OpenFile>> PosixFileSystem::open(const QString& path, OpenMode mode) {
+    const Result<QByteArray> name = encoded(path);
+    if (!name) {
+        return std::unexpected(name.error());
+    }
+    const int descriptor = retrying([&] { return ::open(name->constData(), openFlags(mode), 0666); });
+    if (descriptor < 0) {
+        return systemFailure(errno, path);
+    }
+    auto file = std::make_unique<PosixFile>(descriptor, path);
+    if (const Result<void> regular = checkIsRegular(descriptor, path); !regular) {
+        return std::unexpected(regular.error());
+    }
+    return file;
+}
+
+Result<FileAttributes> PosixFileSystem::attributes(const QString& path, Links links) {
+    const Result<QByteArray> name = encoded(path);
+    if (!name) {
+        return std::unexpected(name.error());
+    }
+    return readAttributes(AT_FDCWD, name->constData(), links == Links::keep ? AT_SYMLINK_NOFOLLOW : 0, path);
+}
+
+Result<QString> PosixFileSystem::linkTarget(const QString& link) {
+    const Result<QByteArray> name = encoded(link);
+    if (!name) {
+        return std::unexpected(name.error());
+    }
+    std::array<char, PATH_MAX> target{};
+    const ssize_t size = readlink(name->constData(), target.data(), target.size());
+    if (size < 0) {
+        return systemFailure(errno, link);
+    }
+    if (std::optional<QString> text = textOfNativeName(QByteArrayView(target.data(), size))) {
+        return *std::move(text);
+    }
+    return failure(ErrorCode::unsupported, u"The link points to a name that is no text."_s, link);
+}
+
+Result<QStringList> PosixFileSystem::list(const QString& folder) {
+    const Result<QByteArray> name = encoded(folder);
+    if (!name) {
+        return std::unexpected(name.error());
+    }
+    const FolderStream stream(opendir(name->constData()), closedir);
+    if (!stream) {
+        return systemFailure(errno, folder);
+    }
+    return namesIn(stream.get(), folder);
+}
+
+Result<void> PosixFileSystem::replace(const QString& from, const QString& to) {
+    return withNames(from, to, [](const char* nativeFrom, const char* nativeTo) {
+        return rename(nativeFrom, nativeTo) == 0 ? 0 : errno;
+    });
+}
+
+Result<void> PosixFileSystem::move(const QString& from, const QString& to) {
+    return withNames(from, to, moveIfFree);
+}
+
+Result<void> PosixFileSystem::removeFile(const QString& path) {
+    return withName(path, [](const char* name) { return unlink(name); });
+}
+
+Result<void> PosixFileSystem::removeFolder(const QString& path) {
+    return withName(path, [](const char* name) { return rmdir(name); });
+}
+
+Result<void> PosixFileSystem::makeFolder(const QString& path) {
+    return withName(path, [](const char* name) { return mkdir(name, 0777); });
+}
+
+Result<void> PosixFileSystem::syncFolder(const QString& path) {
+    const Result<QByteArray> name = encoded(path);
+    if (!name) {
+        return std::unexpected(name.error());
+    }
+    const int descriptor =
+        retrying([&] { return ::open(name->constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); });
+    if (descriptor < 0) {
+        return systemFailure(errno, path);
+    }
+    Result<void> synced = outcome(retrying([&] { return fsync(descriptor); }), path);
+    close(descriptor);
+    return synced;
+}
+
+}  // namespace
+
+FileSystem& FileSystem::system() {
+    static PosixFileSystem fileSystem;
+    return fileSystem;
+}
+
+}  // namespace marquill
