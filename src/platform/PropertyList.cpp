@@ -59,6 +59,12 @@ Array& Array::operator=(const Array&) = default;
 Array& Array::operator=(Array&&) noexcept = default;
 Array::~Array() = default;
 
+Array Array::fromValues(std::vector<Value> values) {
+    Array array;
+    array._storage->values = std::move(values);
+    return array;
+}
+
 qsizetype Array::size() const {
     return static_cast<qsizetype>(_storage->values.size());
 }
@@ -167,6 +173,19 @@ Dictionary::Dictionary(Dictionary&&) noexcept = default;
 Dictionary& Dictionary::operator=(const Dictionary&) = default;
 Dictionary& Dictionary::operator=(Dictionary&&) noexcept = default;
 Dictionary::~Dictionary() = default;
+
+Dictionary Dictionary::fromEntries(std::vector<Entry> entries) {
+    // Most come from a file that was written in order.
+    const auto isOutOfOrder = [](const Entry& left, const Entry& right) { return left.key >= right.key; };
+    if (std::ranges::adjacent_find(entries, isOutOfOrder) != entries.end()) {
+        std::ranges::stable_sort(entries, {}, &Entry::key);
+        const auto repeated = std::ranges::unique(entries, {}, &Entry::key);
+        entries.erase(repeated.begin(), repeated.end());
+    }
+    Dictionary dictionary;
+    dictionary._storage->entries = std::move(entries);
+    return dictionary;
+}
 
 qsizetype Dictionary::size() const {
     return static_cast<qsizetype>(_storage->entries.size());

@@ -32,6 +32,7 @@ class Array {
     Array& operator=(const Array&);
     Array& operator=(Array&&) noexcept;
     ~Array();
+    static Array fromValues(std::vector<Value> values);
 
     qsizetype size() const;
     bool isEmpty() const { return size() == 0; }
@@ -73,6 +74,8 @@ class Dictionary {
     Dictionary& operator=(const Dictionary&);
     Dictionary& operator=(Dictionary&&) noexcept;
     ~Dictionary();
+    /// All at once, in any order; of equal keys the first one is kept.
+    static Dictionary fromEntries(std::vector<Entry> entries);
 
     qsizetype size() const;
     bool isEmpty() const { return size() == 0; }
