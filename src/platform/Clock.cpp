@@ -1,0 +1,50 @@
+#include "platform/Clock.h"
+
+#include <algorithm>
+#include <atomic>
+#include <ctime>
+
+namespace marquill {
+
+namespace {
+
+quint64 microsecondsSinceStart() {
+    // Unlike CLOCK_MONOTONIC it goes on while the machine sleeps, so that no value comes again.
+    timespec time = {};
+    clock_gettime(CLOCK_BOOTTIME, &time);
+    return static_cast<quint64>(time.tv_sec) * 1'000'000 + static_cast<quint64>(time.tv_nsec) / 1'000;
+}
+
+class SystemClock final : public Clock {
+  public:
+    Date now() const override { return std::chrono::system_clock::now(); }
+
+    quint64 microseconds() const override {
+        const quint64 present = microsecondsSinceStart();
+        quint64 last = _last.load();
+        quint64 next = 0;
+        do {
+            next = std::max(present, last + 1);
+        } while (!_last.compare_exchange_weak(last, next));
+        return next;
+    }
+
+  private:
+    mutable std::atomic<quint64> _last = 0;
+};
+
+std::atomic<Clock*> installed = nullptr;
+
+}  // namespace
+
+Clock& Clock::current() {
+    static SystemClock system;
+    Clock* const clock = installed.load(std::memory_order_acquire);
+    return clock ? *clock : system;
+}
+
+void Clock::install(Clock* clock) {
+    installed.store(clock, std::memory_order_release);
+}
+
+}  // namespace marquill
