@@ -6,9 +6,11 @@ namespace marquill {
 
 namespace {
 
-const QString folderPathKey = u"folderPath"_s;
-const QString folderNameKey = u"folderName"_s;
-const QString busyCountKey = u"busyCount"_s;
+namespace key {
+const QString folderPath = u"folderPath"_s;
+const QString folderName = u"folderName"_s;
+const QString busyCount = u"busyCount"_s;
+}  // namespace key
 
 }  // namespace
 
@@ -20,27 +22,27 @@ FolderRecord FolderRecord::forPath(const QString& path) {
 }
 
 std::optional<QString> FolderRecord::folderPath() const {
-    return _record.string(folderPathKey);
+    return _record.string(key::folderPath);
 }
 
 std::optional<QString> FolderRecord::folderName() const {
-    return _record.string(folderNameKey);
+    return _record.string(key::folderName);
 }
 
 std::optional<qint64> FolderRecord::busyCount() const {
-    return _record.integer(busyCountKey);
+    return _record.integer(key::busyCount);
 }
 
 bool FolderRecord::setFolderPath(const QString& path) {
-    return _record.set(folderPathKey, path);
+    return _record.set(key::folderPath, path);
 }
 
 bool FolderRecord::setFolderName(const QString& name) {
-    return _record.set(folderNameKey, name);
+    return _record.set(key::folderName, name);
 }
 
 bool FolderRecord::setBusyCount(qint64 count) {
-    return _record.set(busyCountKey, count);
+    return _record.set(key::busyCount, count);
 }
 
 bool FolderRecord::exists() const {

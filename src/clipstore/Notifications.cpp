@@ -1,0 +1,10 @@
+#include "clipstore/Notifications.h"
+
+namespace marquill {
+
+Notifications& Notifications::centre() {
+    static Notifications centre;
+    return centre;
+}
+
+}  // namespace marquill
