@@ -29,7 +29,7 @@ QString textOfUtf8(std::string_view utf8) {
 class KeyCache {
   public:
     QString text(std::string_view utf8) {
-        Slot& slot = _slots[std::hash<std::string_view>{}(utf8) % _slots.size()];
+        Slot& slot = _slots[slotNumber(utf8)];
         if (slot.utf8 != utf8) {
             if (utf8.size() > longestKept) {
                 return textOfUtf8(utf8);
@@ -46,6 +46,15 @@ class KeyCache {
         QString text = u""_s;
     };
 
+    /// Keys differ in their ends; a hash of all bytes takes longer than making the text anew.
+    static size_t slotNumber(std::string_view utf8) {
+        std::array<quint64, 2> ends{};
+        const size_t size = std::min(utf8.size(), sizeof(quint64));
+        std::memcpy(&ends[0], utf8.data(), size);
+        std::memcpy(&ends[1], utf8.data() + utf8.size() - size, size);
+        return ((ends[0] * 31 + ends[1] + utf8.size()) * 0x9E3779B97F4A7C15ULL) >> 56U;
+    }
+
     static constexpr size_t longestKept = 64;
     std::array<Slot, 256> _slots;
 };
@@ -57,22 +66,45 @@ KeyCache& keyCache() {
 
 enum class Element { plist, dict, array, key, string, integer, real, date, data, yes, no, unknown };
 
-Element elementNamed(std::string_view name) {
-    using namespace std::string_view_literals;
-    static constexpr std::array names = {
-        std::pair("key"sv, Element::key),         std::pair("string"sv, Element::string),
-        std::pair("integer"sv, Element::integer), std::pair("real"sv, Element::real),
-        std::pair("dict"sv, Element::dict),       std::pair("array"sv, Element::array),
-        std::pair("date"sv, Element::date),       std::pair("true"sv, Element::yes),
-        std::pair("false"sv, Element::no),        std::pair("data"sv, Element::data),
-        std::pair("plist"sv, Element::plist),
-    };
-    for (const auto& [known, element] : names) {
-        if (known == name) {
-            return element;
-        }
+template <size_t size>
+bool equal(const char* text, const char (&other)[size]) {
+    size_t index = 0;
+    while (index < size && text[index] == other[index]) {
+        ++index;
     }
-    return Element::unknown;
+    return index == size;
+}
+
+/// Asked for every element, so the first letter leaves at most two names to compare with.
+Element elementNamed(const char* name) {
+    switch (name[0]) {
+        case 'k':
+            return equal(name, "key") ? Element::key : Element::unknown;
+        case 's':
+            return equal(name, "string") ? Element::string : Element::unknown;
+        case 'i':
+            return equal(name, "integer") ? Element::integer : Element::unknown;
+        case 'r':
+            return equal(name, "real") ? Element::real : Element::unknown;
+        case 't':
+            return equal(name, "true") ? Element::yes : Element::unknown;
+        case 'f':
+            return equal(name, "false") ? Element::no : Element::unknown;
+        case 'a':
+            return equal(name, "array") ? Element::array : Element::unknown;
+        case 'p':
+            return equal(name, "plist") ? Element::plist : Element::unknown;
+        case 'd':
+            if (equal(name, "dict")) {
+                return Element::dict;
+            }
+            if (equal(name, "date")) {
+                return Element::date;
+            }
+            return equal(name, "data") ? Element::data : Element::unknown;
+        default:
+            return Element::unknown;
+    }
 }
 
 bool isBlank(std::string_view text) {

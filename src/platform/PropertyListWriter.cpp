@@ -25,6 +25,21 @@ bool isWritable(const QString& text) {
            std::ranges::none_of(text, [](QChar c) { return isForbidden(c.unicode()); });
 }
 
+QByteArrayView escapeOf(char c) {
+    switch (c) {
+        case '&':
+            return "&amp;";
+        case '<':
+            return "&lt;";
+        case '>':
+            return "&gt;";
+        case '\r':  // written as it is, readers would have to take it for a line end
+            return "&#13;";
+        default:
+            return {};
+    }
+}
+
 // Appends a value and what it holds. False means that it cannot be written, and `path` tells where.
 class Serializer {
   public:
@@ -47,6 +62,7 @@ class Serializer {
     template <class Integer>
     bool writeInteger(Integer integer);
     bool writeText(QByteArrayView element, const QString& text);
+    void appendEscaped(QByteArrayView utf8);
     void indent() { xml.append(_depth, '\t'); }
 
     qsizetype _depth = 0;
@@ -87,30 +103,25 @@ bool Serializer::write(Date date) {
     return fits;
 }
 
+void Serializer::appendEscaped(QByteArrayView utf8) {
+    qsizetype written = 0;
+    for (qsizetype at = 0; at < utf8.size(); ++at) {
+        const QByteArrayView escape = escapeOf(utf8[at]);
+        if (!escape.isEmpty()) {
+            xml.append(utf8.sliced(written, at - written)).append(escape);
+            written = at + 1;
+        }
+    }
+    xml.append(utf8.sliced(written));
+}
+
 bool Serializer::writeText(QByteArrayView element, const QString& text) {
     if (!isWritable(text)) {
         return false;
     }
     indent();
     xml.append('<').append(element).append('>');
-    for (const char c : text.toUtf8()) {
-        switch (c) {
-            case '&':
-                xml += "&amp;";
-                break;
-            case '<':
-                xml += "&lt;";
-                break;
-            case '>':
-                xml += "&gt;";
-                break;
-            case '\r':  // written raw, a reader would have to take it for a line end
-                xml += "&#13;";
-                break;
-            default:
-                xml += c;
-        }
-    }
+    appendEscaped(text.toUtf8());
     xml.append("</").append(element).append(">\n");
     return true;
 }
@@ -173,7 +184,8 @@ bool Serializer::write(const Dictionary& dictionary) {
 
 Result<QByteArray> writePropertyList(const Value& value) {
     Serializer serializer;
-    serializer.xml =
+    serializer.xml.reserve(4096);
+    serializer.xml +=
         "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
         "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
         "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
