@@ -3,6 +3,8 @@
 #include "platform/PropertyListText.h"
 #include "platform/XmlEncoding.h"
 
+#include <QStringDecoder>
+
 #include <pugixml.hpp>
 
 #include <array>
@@ -15,11 +17,12 @@ namespace marquill {
 
 namespace {
 
-/// A text of `utf8`, which is valid. QString drops a leading byte order mark, which here is a character.
+/// A text of `utf8`, which is valid. QString::fromUtf8 drops a leading U+FEFF, which here is a character.
 QString textOfUtf8(std::string_view utf8) {
     const auto size = static_cast<qsizetype>(utf8.size());
     if (utf8.starts_with("\xef\xbb\xbf")) [[unlikely]] {
-        return QChar(QChar::ByteOrderMark) + QString::fromUtf8(utf8.data() + 3, size - 3);
+        QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
+        return decoder.decode(QByteArrayView(utf8));
     }
     return QString::fromUtf8(utf8.data(), size);
 }

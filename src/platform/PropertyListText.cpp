@@ -108,6 +108,15 @@ double takeSeconds(std::string_view text) {
     return error == std::errc() && end == text.data() + text.size() ? seconds : -1;
 }
 
+/// What rounding makes of a number that is beyond double precision's range: an infinity, or zero.
+double realOutOfRange(std::string_view text) {
+    const double sign = takeSign(text) ? -1 : 1;
+    const size_t exponent = text.find_first_of("eE");
+    const bool isSmall = exponent == std::string_view::npos ? text.find_first_of("123456789") > text.find('.')
+                                                            : text[exponent + 1] == '-';
+    return sign * (isSmall ? 0 : std::numeric_limits<double>::infinity());
+}
+
 int valueOfBase64(char c) {
     static constexpr std::array<signed char, 256> values = [] {
         constexpr std::string_view alphabet =
@@ -162,8 +171,7 @@ std::optional<double> realFromText(std::string_view text) {
     if (end != last || error == std::errc::invalid_argument) {
         return std::nullopt;
     }
-    // Out of range leaves the number untouched; Qt's conversion gives the infinity or zero of its sign.
-    return error == std::errc() ? real : QByteArrayView(text).toByteArray().toDouble();
+    return error == std::errc() ? real : realOutOfRange(text);
 }
 
 std::optional<Date> dateFromText(std::string_view text) {
@@ -178,7 +186,7 @@ std::optional<Date> dateFromText(std::string_view text) {
     if (year < 0 || month < 0 || day < 0 || hour < 0 || minute < 0 || seconds < 0) {
         return std::nullopt;
     }
-    const qint64 days = daysOfCivilDate({beforeYearZero ? -year : year, month, day});
+    const qint64 days = daysOfCivilDate({beforeYearZero ? -year : year, std::max<qint64>(month, 1), day});
     const qint64 minutes = days * secondsOfDay + hour * 3600 + minute * 60;
     // Whole seconds are added as integers: far from 1970 double precision would round twice.
     const auto whole = static_cast<qint64>(seconds);

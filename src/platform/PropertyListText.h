@@ -19,6 +19,7 @@ std::optional<double> realFromText(std::string_view text);
 /// "YYYY-MM-DDTHH:MM:SSZ", always UTC. Years may have fewer digits or more (to eleven) and a minus sign, as
 /// other writers give years before the year 0; seconds may have a fraction. A field beyond its range carries
 /// over: second 60 is the next minute's second 0, and month 13 is January of the next year.
+/// Month 0 is January, as other readers take it.
 std::optional<Date> dateFromText(std::string_view text);
 
 /// The bytes of base64 text. White space may stand anywhere, and padding ends a group of four, not the data.

@@ -1,0 +1,43 @@
+// Whatever bytes come in: the reader gives a value or an error within the data, and what it has read is
+// written and read again as the same.
+#include "platform/PropertyListReader.h"
+#include "platform/PropertyListWriter.h"
+
+#include <cstdint>
+#include <cstdlib>
+
+using namespace marquill;
+
+namespace {
+
+void require(bool condition) {
+    if (!condition) {
+        std::abort();
+    }
+}
+
+bool hasOffsetWithin(const Error& error, qint64 size) {
+    return error.byteOffset && *error.byteOffset >= 0 && *error.byteOffset <= size;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    const QByteArrayView input(data, static_cast<qsizetype>(size));
+    const Result<Value> value = readPropertyList(input);
+    if (!value) {
+        require(hasOffsetWithin(value.error(), input.size()));
+        return 0;
+    }
+    // A control character can be read from the files of laxer writers, but never written.
+    const Result<QByteArray> written = writePropertyList(*value);
+    if (!written) {
+        require(written.error().code == ErrorCode::malformed);
+        return 0;
+    }
+    const Result<Value> again = readPropertyList(*written);
+    require(again.has_value());
+    // Fractions of seconds are cut off in writing and "nan" equals nothing, so the texts are compared.
+    require(*writePropertyList(*again) == *written);
+    return 0;
+}
