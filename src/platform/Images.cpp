@@ -83,6 +83,8 @@ QIcon image(const QString& name, const QString& type) {
             return {};
         }
         icon.addPixmap(pixmap);
+        // As it is: the style would blend it with the selection's colour.
+        icon.addPixmap(pixmap, QIcon::Selected);
     }
     return icon;
 }

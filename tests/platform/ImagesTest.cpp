@@ -36,6 +36,7 @@ class ImagesTest : public QObject {
     void statesDifferInShapeNotOnlyInColour_data();
     void statesDifferInShapeNotOnlyInColour();
     void iconTakesThePictureOfTheScreensScale();
+    void selectedRowsShowThePictureAsItIs();
     void aMissingImageIsLoggedAndEmpty();
     void symbolsTakeTheThemesTextColour();
     void symbolsAreCrispAt200Percent();
@@ -118,6 +119,14 @@ void ImagesTest::iconTakesThePictureOfTheScreensScale() {
     const QPixmap fine = icon.pixmap(QSize(64, 64), 2.0);
     QCOMPARE(fine.size(), QSize(128, 128));
     QCOMPARE(fine.toImage().pixel(64, 12), imagePixmap(u"record-0N"_s, u"tiff"_s, 2).toImage().pixel(64, 12));
+}
+
+void ImagesTest::selectedRowsShowThePictureAsItIs() {
+    const QIcon icon = image(u"QT_Connected"_s);
+    for (const qreal scale : {1.0, 2.0}) {
+        const QImage normal = icon.pixmap(QSize(16, 16), scale).toImage();
+        QCOMPARE(icon.pixmap(QSize(16, 16), scale, QIcon::Selected).toImage(), normal);
+    }
 }
 
 void ImagesTest::aMissingImageIsLoggedAndEmpty() {
