@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <numeric>
 
 namespace marquill {
 
@@ -43,6 +44,24 @@ bool integerEqualsReal(qint64 integer, double real) {
 
 bool integerEqualsReal(quint64 integer, double real) {
     return real >= 0 && real < 0x1p64 && std::trunc(real) == real && static_cast<quint64>(real) == integer;
+}
+
+/// Of equal keys the first one is kept.
+std::vector<Dictionary::Entry> sortedWithoutRepeats(std::vector<Dictionary::Entry> entries) {
+    std::vector<size_t> order(entries.size());
+    std::iota(order.begin(), order.end(), 0);
+    std::ranges::sort(order, [&entries](size_t left, size_t right) {
+        const int difference = entries[left].key.compare(entries[right].key);
+        return difference != 0 ? difference < 0 : left < right;
+    });
+    std::vector<Dictionary::Entry> sorted;
+    sorted.reserve(entries.size());
+    for (const size_t index : order) {
+        if (sorted.empty() || sorted.back().key != entries[index].key) {
+            sorted.push_back(std::move(entries[index]));
+        }
+    }
+    return sorted;
 }
 
 }  // namespace
@@ -178,9 +197,7 @@ Dictionary Dictionary::fromEntries(std::vector<Entry> entries) {
     // Most come from a file that was written in order.
     const auto isOutOfOrder = [](const Entry& left, const Entry& right) { return left.key >= right.key; };
     if (std::ranges::adjacent_find(entries, isOutOfOrder) != entries.end()) {
-        std::ranges::stable_sort(entries, {}, &Entry::key);
-        const auto repeated = std::ranges::unique(entries, {}, &Entry::key);
-        entries.erase(repeated.begin(), repeated.end());
+        entries = sortedWithoutRepeats(std::move(entries));
     }
     Dictionary dictionary;
     dictionary._storage->entries = std::move(entries);

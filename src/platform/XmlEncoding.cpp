@@ -1,6 +1,7 @@
 #include "platform/XmlEncoding.h"
 
 #include <QStringDecoder>
+#include <QtEndian>
 
 #include <algorithm>
 #include <array>
@@ -131,20 +132,65 @@ Result<XmlText> copyOfUtf8(QByteArrayView bytes, qint64 byteOrderMark) {
     return notInItsEncoding(cut ? ErrorCode::endsEarly : ErrorCode::malformed, byteOrderMark + offset);
 }
 
+template <class Unit>
+Unit unitAt(QByteArrayView bytes, qsizetype index, bool bigEndian) {
+    const char* const place = bytes.data() + index * static_cast<qsizetype>(sizeof(Unit));
+    return bigEndian ? qFromBigEndian<Unit>(place) : qFromLittleEndian<Unit>(place);
+}
+
+QString textOfUtf16(QByteArrayView bytes, bool bigEndian) {
+    QString text(bytes.size() / 2, Qt::Uninitialized);
+    for (qsizetype index = 0; index < text.size(); ++index) {
+        text[index] = QChar(unitAt<quint16>(bytes, index, bigEndian));
+    }
+    return text;
+}
+
+/// What is no character becomes an unpaired surrogate, as it would be in UTF-16.
+QString textOfUtf32(QByteArrayView bytes, bool bigEndian) {
+    QString text;
+    text.reserve(bytes.size() / 4);
+    for (qsizetype index = 0; index < bytes.size() / 4; ++index) {
+        const auto code = unitAt<quint32>(bytes, index, bigEndian);
+        if (code <= 0x10FFFF && !QChar::isSurrogate(code)) {
+            text += QChar::fromUcs4(code);
+        } else {
+            text += QChar(u'\xDFFF');
+        }
+    }
+    return text;
+}
+
+/// The index of the first surrogate without its other half, or -1.
+qsizetype firstUnpairedSurrogate(const QString& text) {
+    if (text.isValidUtf16()) {
+        return -1;
+    }
+    qsizetype index = 0;
+    for (CodePoint point = codePointAt(text, 0); !QChar::isSurrogate(point.value);) {
+        index += point.units;
+        point = codePointAt(text, index);
+    }
+    return index;
+}
+
 Result<XmlText> converted(QByteArrayView bytes, Detected detected, qint64 unit) {
     const QByteArrayView body = bytes.sliced(detected.byteOrderMark);
     if (body.size() % unit != 0) {
         return notInItsEncoding(ErrorCode::endsEarly, bytes.size());
     }
-    QStringDecoder decoder(detected.encoding, QStringConverter::Flag::Stateless);
-    XmlText text{.byteOrderMark = detected.byteOrderMark, .unit = unit, .decoded = decoder.decode(body)};
-    text.unitsAreCodePoints = unit == 4;
-    text.utf8 = text.decoded.toUtf8();
-    if (decoder.hasError() || !text.decoded.isValidUtf16()) {
-        const qsizetype replaced = std::max<qsizetype>(0, text.decoded.indexOf(QChar::ReplacementCharacter));
-        const qint64 offset = text.sourceOffset(text.decoded.first(replaced).toUtf8().size());
+    const bool bigEndian =
+        detected.encoding == QStringConverter::Utf16BE || detected.encoding == QStringConverter::Utf32BE;
+    XmlText text{.byteOrderMark = detected.byteOrderMark, .unit = unit, .unitsAreCodePoints = unit == 4};
+    text.decoded = unit == 1   ? QString::fromLatin1(body)
+                   : unit == 2 ? textOfUtf16(body, bigEndian)
+                               : textOfUtf32(body, bigEndian);
+    const qsizetype wrong = firstUnpairedSurrogate(text.decoded);
+    if (wrong >= 0) {
+        const qint64 offset = text.sourceOffset(text.decoded.first(wrong).toUtf8().size());
         return notInItsEncoding(ErrorCode::malformed, offset);
     }
+    text.utf8 = text.decoded.toUtf8();
     return text;
 }
 

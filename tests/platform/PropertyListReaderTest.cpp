@@ -444,6 +444,9 @@ void PropertyListReaderTest::errorsTellTheByteInTheSource() {
     QCOMPARE(offset(utf32.encode(document)), 4 * (units - 1));
     QCOMPARE(offset("<array><string>ab&x;</string></array>"), 17);
     QCOMPARE(offset("<string>\xC3\xB7\xFF</string>"), 10);
+    QCOMPARE(offset(QByteArray("\xff\xfe<\0\x16\xd8\x16\xd8\x3c\xdd", 10)), 4);
+    QCOMPARE(offset(QByteArray("<\0\0\0\0\0\x11\0>\0\0\0", 12)), 4);
+    QCOMPARE(offset(QByteArray("\0\0\xfe\xff\0\0\0<\0\0\xd8\0", 12)), 8);
 }
 
 void PropertyListReaderTest::everyCutDocumentEndsEarly() {
