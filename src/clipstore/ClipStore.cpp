@@ -1,0 +1,120 @@
+#include "clipstore/ClipStore.h"
+
+#include "clipstore/ClipStoreMovies.h"
+#include "platform/Files.h"
+#include "platform/Log.h"
+#include "platform/PropertyListReader.h"
+#include "platform/PropertyListWriter.h"
+
+namespace marquill {
+
+namespace {
+
+constexpr auto placeholderExtension = "xml"_L1;
+
+namespace Status {
+constexpr int done = 0;
+constexpr int missingArgument = -1;
+constexpr int movieCannotBeOpened = -2;
+}  // namespace Status
+
+Result<Dictionary> readPlaceholder(const QString& path) {
+    const Result<QByteArray> bytes = readFile(path);
+    if (!bytes) {
+        return std::unexpected(bytes.error());
+    }
+    Result<Dictionary> record = readDictionary(*bytes);
+    if (!record) {
+        record.error().path = path;
+    }
+    return record;
+}
+
+ClipInfo infoForPlaceholder(const QString& path) {
+    const Result<Dictionary> record = readPlaceholder(path);
+    if (!record) {
+        qCWarning(logClipStore).noquote() << record.error().description();
+        return {};
+    }
+    return ClipInfo(*record);
+}
+
+Result<void> updatePlaceholder(const ClipInfo& info, const QString& path) {
+    if (!fileExists(path)) {
+        return {};
+    }
+    const Result<QByteArray> bytes = writePropertyList(info.record());
+    if (!bytes) {
+        return std::unexpected(bytes.error());
+    }
+    return writeFile(path, *bytes);
+}
+
+}  // namespace
+
+bool ClipStore::isProxyClip(const ClipInfo& info) {
+    return pathExtension(info.clipName().value_or(QString())) == placeholderExtension;
+}
+
+std::optional<QString> ClipStore::clipPath(const QString& folder, const QString& clipName) {
+    const bool isFileName = !clipName.isEmpty() && clipName != "."_L1 && clipName != ".."_L1 &&
+                            !clipName.contains(u'/') && !clipName.contains(QChar::Null);
+    if (folder.isEmpty() || !isFileName) {
+        return std::nullopt;
+    }
+    return joinPath(folder, clipName);
+}
+
+std::optional<ClipInfo> ClipStore::infoForClip(const QString& path) {
+    if (path.isEmpty()) {
+        return std::nullopt;
+    }
+    if (pathExtension(path) == placeholderExtension) {
+        return infoForPlaceholder(path);
+    }
+    return ClipStoreMovies::info(path);
+}
+
+int ClipStore::updateClipInfo(const std::optional<ClipInfo>& info, const QString& folder) {
+    if (!info || folder.isEmpty()) {
+        return Status::missingArgument;
+    }
+    const std::optional<QString> path = clipPath(folder, info->clipName().value_or(QString()));
+    if (!path) {
+        qCWarning(logClipStore) << "No clip is named" << info->clipName().value_or(QString()) << "in"
+                                << folder;
+        return isProxyClip(*info) ? Status::done : Status::movieCannotBeOpened;
+    }
+    if (!isProxyClip(*info)) {
+        return ClipStoreMovies::update(*info, *path);
+    }
+    if (Result<void> updated = updatePlaceholder(*info, *path); !updated) {
+        updated.error().path = *path;
+        qCWarning(logClipStore).noquote() << updated.error().description();
+    }
+    return Status::done;
+}
+
+Result<void> ClipStore::createProxyClip(const ClipInfo& info, const QString& folder) {
+    const std::optional<QString> path = clipPath(folder, info.clipName().value_or(QString()));
+    if (!path || !isProxyClip(info)) {
+        return failure(ErrorCode::malformed,
+                       u"No place holder clip can have this name. Choose another one."_s,
+                       joinPath(folder, info.clipName().value_or(QString())));
+    }
+    Result<QByteArray> bytes = writePropertyList(info.record());
+    if (!bytes) {
+        bytes.error().path = *path;
+        return std::unexpected(bytes.error());
+    }
+    return writeNewFile(*path, *bytes);
+}
+
+ClipInfo ClipStore::newInfoForProxyClip(const QString& name, const QString& folder) {
+    static_cast<void>(folder);
+    ClipInfo info;
+    info.setClipName(name);
+    return info;
+}
+
+}  // namespace marquill

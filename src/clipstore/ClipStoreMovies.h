@@ -1,0 +1,18 @@
+// The clip record inside a movie file: the item 'KVXN', index 1, of its user data, an XML property list. For
+// the clip store only. Any thread.
+#pragma once
+
+#include "clipstore/ClipInfo.h"
+
+namespace marquill::ClipStoreMovies {
+
+/// The record of the movie at `path`, with the `clipName` and `clipDuration` of the file itself. None when it
+/// does not open or has no user data, or when its record cannot be parsed; without a record, only those two
+/// keys.
+std::optional<ClipInfo> info(const QString& path);
+
+/// Writes the record into the movie at `path` unless it holds it already. Results as
+/// ClipStore::updateClipInfo.
+int update(const ClipInfo& info, const QString& path);
+
+}  // namespace marquill::ClipStoreMovies
