@@ -1,0 +1,110 @@
+#include "movie/Atom.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace marquill {
+
+Result<AtomHeader> readAtomHeader(QByteArrayView bytes, qint64 offset, qint64 end) {
+    AtomStream stream(bytes, offset);
+    quint32 shortSize = 0;
+    AtomHeader header;
+    header.offset = offset;
+    stream.transfer(shortSize);
+    stream.transfer(header.type);
+    quint64 size = shortSize;
+    if (shortSize == 1) {
+        header.headerSize = 16;
+        stream.transfer(size);
+    } else if (shortSize == 0) {
+        header.reachesToEnd = true;
+        size = static_cast<quint64>(end - offset);
+    }
+    if (const auto result = stream.result(); !result) {
+        return failure(ErrorCode::endsEarly, u"The file ends within the header of an atom."_s, {}, offset);
+    }
+    const auto largest = static_cast<quint64>(std::numeric_limits<qint64>::max() - offset);
+    if (size < static_cast<quint64>(header.headerSize) || size > largest) {
+        return failure(
+            ErrorCode::malformed,
+            u"An atom of type '%1' has the impossible size %2."_s.arg(header.type.text()).arg(size), {},
+            offset);
+    }
+    header.size = static_cast<qint64>(size);
+    return header;
+}
+
+QByteArray atomHeaderBytes(FourCharCode type, quint32 size) {
+    AtomStream stream;
+    stream.transfer(size);
+    stream.transfer(type);
+    return stream.written();
+}
+
+QString inAtom(FourCharCode type, const QString& message) {
+    return u"In the atom '%1': %2"_s.arg(type.text(), message);
+}
+
+void VersionAndFlags::check(AtomStream& stream, quint8 newest) const {
+    if (version > newest) {
+        stream.fail(ErrorCode::unsupported, u"Version %1 is not known."_s.arg(version));
+    }
+}
+
+void RawAtom::transfer(AtomStream& stream) {
+    quint64 total = static_cast<quint64>(size());
+    quint32 shortSize = hasLongSize ? 1 : static_cast<quint32>(total);
+    stream.transfer(shortSize);
+    stream.transfer(type);
+    hasLongSize = shortSize == 1;
+    if (hasLongSize) {
+        stream.transfer(total);
+    } else {
+        total = shortSize;
+    }
+    const quint64 headerSize = hasLongSize ? 16 : 8;
+    if (total < headerSize || total - headerSize > std::numeric_limits<qint64>::max()) {
+        stream.fail(ErrorCode::malformed, u"An atom has the impossible size %1."_s.arg(total));
+        return;
+    }
+    stream.transferBytes(body, static_cast<qint64>(total - headerSize));
+}
+
+const RawAtom* AtomList::find(FourCharCode type) const {
+    const auto found = std::ranges::find(atoms, type, &RawAtom::type);
+    return found == atoms.end() ? nullptr : &*found;
+}
+
+qint64 AtomList::size() const {
+    qint64 size = tail.size();
+    for (const RawAtom& atom : atoms) {
+        size += atom.size();
+    }
+    return size;
+}
+
+void AtomList::transfer(AtomStream& stream) {
+    if (!stream.isReading()) {
+        for (RawAtom& atom : atoms) {
+            stream.transfer(atom);
+        }
+        stream.transferRest(tail);
+        return;
+    }
+    QByteArray bytes;
+    stream.transferRest(bytes);
+    qint64 position = 0;
+    while (position < bytes.size()) {
+        AtomStream one(QByteArrayView(bytes).sliced(position), position);
+        RawAtom atom;
+        one.transfer(atom);
+        if (one.hasFailed()) {
+            break;
+        }
+        position += one.position();
+        atoms.push_back(std::move(atom));
+    }
+    tail = bytes.sliced(position);
+}
+
+}  // namespace marquill
