@@ -22,7 +22,7 @@ struct Matrix {
 /// 'mvhd'
 struct MovieHeaderAtom {
     static constexpr FourCharCode type{"mvhd"};
-    VersionAndFlags head;  ///< versions 0 and 1
+    VersionAndFlags head = {};  ///< versions 0 and 1
     quint64 creationTime = 0;
     quint64 modificationTime = 0;
     quint32 timeScale = 600;  ///< units per second
@@ -65,7 +65,7 @@ struct TrackHeaderAtom {
 /// 'mdhd'
 struct MediaHeaderAtom {
     static constexpr FourCharCode type{"mdhd"};
-    VersionAndFlags head;  ///< versions 0 and 1
+    VersionAndFlags head = {};  ///< versions 0 and 1
     quint64 creationTime = 0;
     quint64 modificationTime = 0;
     quint32 timeScale = 600;
@@ -80,7 +80,7 @@ struct MediaHeaderAtom {
 /// 'hdlr'
 struct HandlerAtom {
     static constexpr FourCharCode type{"hdlr"};
-    VersionAndFlags head;
+    VersionAndFlags head = {};
     FourCharCode componentType;
     FourCharCode handler;  ///< what the media is: 'vide', 'soun', …
     std::array<quint32, 3> reserved = {};
@@ -103,7 +103,7 @@ struct EditListEntry {
 /// 'elst'
 struct EditListAtom {
     static constexpr FourCharCode type{"elst"};
-    VersionAndFlags head;  ///< versions 0 and 1
+    VersionAndFlags head = {};  ///< versions 0 and 1
     std::vector<EditListEntry> entries;
 
     void transfer(AtomStream& stream);

@@ -22,7 +22,7 @@ struct SampleDescriptionEntry {
 /// 'stsd'
 struct SampleDescriptionAtom {
     static constexpr FourCharCode type{"stsd"};
-    VersionAndFlags head;
+    VersionAndFlags head = {};
     std::vector<SampleDescriptionEntry> entries;
 
     void transfer(AtomStream& stream);
@@ -93,7 +93,7 @@ struct TimeToSampleEntry {
 /// 'stts'
 struct TimeToSampleAtom {
     static constexpr FourCharCode type{"stts"};
-    VersionAndFlags head;
+    VersionAndFlags head = {};
     std::vector<TimeToSampleEntry> entries;
 
     void transfer(AtomStream& stream);
@@ -112,7 +112,7 @@ struct CompositionOffsetEntry {
 /// 'ctts'
 struct CompositionOffsetAtom {
     static constexpr FourCharCode type{"ctts"};
-    VersionAndFlags head;  ///< versions 0 and 1
+    VersionAndFlags head = {};  ///< versions 0 and 1
     std::vector<CompositionOffsetEntry> entries;
 
     void transfer(AtomStream& stream);
@@ -122,7 +122,7 @@ struct CompositionOffsetAtom {
 /// 'stsz'
 struct SampleSizeAtom {
     static constexpr FourCharCode type{"stsz"};
-    VersionAndFlags head;
+    VersionAndFlags head = {};
     quint32 sampleSize = 0;  ///< bytes, when all samples have one size; else 0
     quint32 sampleCount = 0;
     std::vector<quint32> sizes;  ///< empty when all samples have one size
@@ -135,7 +135,7 @@ struct SampleSizeAtom {
 /// 'stz2'
 struct CompactSampleSizeAtom {
     static constexpr FourCharCode type{"stz2"};
-    VersionAndFlags head;
+    VersionAndFlags head = {};
     std::array<quint8, 3> reserved = {};
     quint8 fieldSize = 16;  ///< bits: 4, 8 or 16
     quint32 sampleCount = 0;
