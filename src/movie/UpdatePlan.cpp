@@ -220,15 +220,13 @@ Result<qint64> Planner::closeLastAtom(const AtomHeader& last) {
         return size;
     }
     const qint64 added = *size - last.size;
-    std::vector<PlannedWrite> padding;
-    if (added > 0 && last.type == movieType) {
-        padding.push_back({last.end(), atomHeaderBytes(freeType, static_cast<quint32>(added))});
+    const bool isHeader = last.type == movieType;
+    if (added > (isHeader ? headerSize : 0)) {
+        _steps.push_back({{last.offset + *size - 1, QByteArray(1, '\0')}});
     }
-    if (added > 0 && (last.type != movieType || added > headerSize)) {
-        padding.push_back({last.offset + *size - 1, QByteArray(1, '\0')});
-    }
-    if (!padding.empty()) {
-        _steps.push_back(std::move(padding));
+    // Within the header the zeros, which end its atoms until then, become a free atom.
+    if (added > 0 && isHeader) {
+        _steps.push_back({{last.end(), atomHeaderBytes(freeType, static_cast<quint32>(added))}});
     }
     _steps.push_back({std::move(write)});
     return last.offset + *size;
