@@ -3,8 +3,8 @@
 #include "movie/CompressedHeader.h"
 #include "movie/FragmentAtoms.h"
 #include "movie/Fragments.h"
-#include "movie/Log.h"
 #include "movie/TrackReader.h"
+#include "platform/Log.h"
 
 #include <algorithm>
 #include <cmath>
@@ -226,7 +226,7 @@ Result<void> MovieReader::readFragments(ByteSource& headerSource, const AtomHead
         return result;
     }
     if (!result) {
-        qCInfo(movieLog).noquote() << _facts.path + u": the rest of the fragments is left out: "_s +
+        qCInfo(logMovie).noquote() << _facts.path + u": the rest of the fragments is left out: "_s +
                                           result.error().description();
     }
     addFragments(headerSource);

@@ -1,8 +1,8 @@
 #include "movie/SampleTimes.h"
 
-#include "movie/Log.h"
 #include "movie/MediaSamples.h"
 #include "movie/MovieReader.h"
+#include "platform/Log.h"
 
 #include <algorithm>
 #include <limits>
@@ -155,7 +155,7 @@ Result<SampleTimes> SampleTimes::load(const Movie& movie) {
     Result<std::vector<qint64>> starts = loadStarts(movie);
     if (!starts) {
         starts.error().path = movie.path();
-        qCWarning(movieLog).noquote() << starts.error().description();
+        qCWarning(logMovie).noquote() << starts.error().description();
         return std::unexpected(std::move(starts.error()));
     }
     SampleTimes times;
