@@ -61,4 +61,15 @@ void FloatingPanel::acceptKeyboard(bool accepts) {
     }
 }
 
+void makeKeyAndOrderFront(QWidget& window) {
+    if (auto* panel = qobject_cast<FloatingPanel*>(&window)) {
+        panel->makeKeyAndOrderFront();
+        return;
+    }
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
+
 }  // namespace marquill

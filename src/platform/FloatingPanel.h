@@ -35,4 +35,7 @@ class FloatingPanel : public QWidget {
     void acceptKeyboard(bool accepts);
 };
 
+/// Shows any window in front with the keyboard, also one that is minimised.
+void makeKeyAndOrderFront(QWidget& window);
+
 }  // namespace marquill

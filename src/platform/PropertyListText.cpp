@@ -1,5 +1,6 @@
 #include "platform/PropertyListText.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -139,7 +140,16 @@ void appendDigits(QByteArray& text, qint64 number, int width) {
     text.append(std::max<qsizetype>(0, width - count), '0').append(digits.data(), count);
 }
 
+bool isForbidden(char16_t unit) {
+    return (unit < 0x20 && unit != '\t' && unit != '\n' && unit != '\r') || unit >= 0xFFFE;
+}
+
 }  // namespace
+
+bool isPropertyListText(QStringView text) {
+    return text.isValidUtf16() &&
+           std::ranges::none_of(text, [](QChar c) { return isForbidden(c.unicode()); });
+}
 
 std::optional<Value> integerFromText(std::string_view text) {
     text = trimmed(text);

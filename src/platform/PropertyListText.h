@@ -8,6 +8,10 @@
 
 namespace marquill {
 
+/// Whether a property list can hold `text`: false for what XML has no way to write, not even as a character
+/// reference (control characters but tab and line ends, unpaired surrogates, U+FFFE and U+FFFF).
+bool isPropertyListText(QStringView text);
+
 /// A decimal or "0x" hexadecimal number with an optional sign, white space around it and behind the sign:
 /// -2^63 to 2^64-1. None when it is anything else.
 std::optional<Value> integerFromText(std::string_view text);

@@ -15,16 +15,6 @@ namespace {
 constexpr int columnsOfData = 76;
 constexpr int columnsOfTab = 8;
 
-/// What XML has no way to write, not even as a character reference.
-bool isForbidden(char16_t unit) {
-    return (unit < 0x20 && unit != '\t' && unit != '\n' && unit != '\r') || unit >= 0xFFFE;
-}
-
-bool isWritable(const QString& text) {
-    return text.isValidUtf16() &&
-           std::ranges::none_of(text, [](QChar c) { return isForbidden(c.unicode()); });
-}
-
 QByteArrayView escapeOf(char c) {
     switch (c) {
         case '&':
@@ -116,7 +106,7 @@ void Serializer::appendEscaped(QByteArrayView utf8) {
 }
 
 bool Serializer::writeText(QByteArrayView element, const QString& text) {
-    if (!isWritable(text)) {
+    if (!isPropertyListText(text)) {
         return false;
     }
     indent();

@@ -1,0 +1,23 @@
+#include "platform/RecordTextValidator.h"
+
+#include "platform/PropertyListText.h"
+
+namespace marquill {
+
+namespace {
+
+constexpr qsizetype mostBytesInClipName = 240;
+
+}  // namespace
+
+QValidator::State RecordTextValidator::validate(QString& text, int&) const {
+    return isPropertyListText(text) ? Acceptable : Invalid;
+}
+
+QValidator::State ClipNameValidator::validate(QString& text, int& position) const {
+    const bool isNamePart = !text.contains(u'/') && !text.contains(u'\n') && !text.contains(u'\r') &&
+                            text.toUtf8().size() <= mostBytesInClipName;
+    return isNamePart ? RecordTextValidator::validate(text, position) : Invalid;
+}
+
+}  // namespace marquill
