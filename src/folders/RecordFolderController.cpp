@@ -74,9 +74,10 @@ void RecordFolderController::wireTable() {
     _table.setItemDelegateForColumn(RecordFolderModel::recording, new RecordIconCell(&_table));
     _table.setSelectionMode(QAbstractItemView::ExtendedSelection);
     _table.setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
-    _table.horizontalHeader()->setSectionResizeMode(RecordFolderModel::recording,
-                                                    QHeaderView::ResizeToContents);
-    _table.horizontalHeader()->setSectionResizeMode(RecordFolderModel::folderName, QHeaderView::Stretch);
+    QHeaderView* header = _table.horizontalHeader();
+    header->setMinimumSectionSize(1);
+    header->setSectionResizeMode(RecordFolderModel::recording, QHeaderView::ResizeToContents);
+    header->setSectionResizeMode(RecordFolderModel::folderName, QHeaderView::Stretch);
     _table.deleteItem = [this] { deleteItem(); };
     _table.keyDown = [this](QKeyEvent& event) {
         if (event.key() == Qt::Key_Space && event.modifiers() == Qt::NoModifier) {

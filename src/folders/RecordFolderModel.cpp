@@ -1,8 +1,9 @@
 #include "folders/RecordFolderModel.h"
 
+#include "platform/Theme.h"
+
+#include <QBrush>
 #include <QFont>
-#include <QGuiApplication>
-#include <QPalette>
 
 #include <algorithm>
 
@@ -139,8 +140,7 @@ QVariant RecordFolderModel::nameData(const FolderRecord& folder, bool isPresent,
         case Qt::AccessibleDescriptionRole:
             return isPresent ? path : missing;
         case Qt::ForegroundRole:
-            return isPresent ? QVariant()
-                             : QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text);
+            return isPresent ? QVariant() : QBrush(Theme::colours().mutedText);
         case Qt::FontRole:
             return isPresent ? QVariant() : missingFont();
         default:
@@ -149,10 +149,14 @@ QVariant RecordFolderModel::nameData(const FolderRecord& folder, bool isPresent,
 }
 
 QVariant RecordFolderModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole) {
+    if (orientation != Qt::Horizontal) {
         return {};
     }
-    return section == recording ? u"Recording"_s : u"Folder"_s;
+    // The recording column is as narrow as its symbol: its title is heard, not seen.
+    if (section == recording) {
+        return role == Qt::AccessibleTextRole ? QVariant(u"Recording"_s) : QVariant();
+    }
+    return role == Qt::DisplayRole ? QVariant(u"Folder"_s) : QVariant();
 }
 
 Qt::ItemFlags RecordFolderModel::flags(const QModelIndex& index) const {

@@ -1,9 +1,8 @@
 #include "folders/RecordIconCell.h"
 
-#include "platform/Literals.h"
+#include "platform/Images.h"
 
 #include <QAbstractItemModel>
-#include <QIcon>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -11,24 +10,29 @@ namespace marquill {
 
 namespace {
 
-constexpr QSize symbolSize(16, 16);
 constexpr int leftMargin = 3;
 
+// Loaded once, shared by all cells.
 const QIcon& recordingSymbol() {
-    static const QIcon symbol(u":/images/RecordingSymbol.png"_s);
+    static const QIcon symbol = image(u"RecordingSymbol"_s);
     return symbol;
 }
 
+QSize symbolSize() {
+    static const QSize size = imagePixmap(u"RecordingSymbol"_s).size();
+    return size;
+}
+
 int strip() {
-    return symbolSize.width() + leftMargin;
+    return symbolSize().width() + leftMargin;
 }
 
 }  // namespace
 
 QRect RecordIconCell::symbolRect(const QRect& cell) {
-    const int slack = cell.height() - symbolSize.height();
+    const int slack = cell.height() - symbolSize().height();
     const int offset = slack > 0 ? (slack + 1) / 2 : slack / 2;
-    return {QPoint(cell.left() + leftMargin, cell.top() + offset), symbolSize};
+    return {QPoint(cell.left() + leftMargin, cell.top() + offset), symbolSize()};
 }
 
 void RecordIconCell::paint(QPainter* painter, const QStyleOptionViewItem& option,
