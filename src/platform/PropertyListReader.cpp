@@ -19,12 +19,11 @@ namespace {
 
 /// A text of `utf8`, which is valid. QString::fromUtf8 drops a leading U+FEFF, which here is a character.
 QString textOfUtf8(std::string_view utf8) {
-    const auto size = static_cast<qsizetype>(utf8.size());
     if (utf8.starts_with("\xef\xbb\xbf")) [[unlikely]] {
         QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
         return decoder.decode(QByteArrayView(utf8));
     }
-    return QString::fromUtf8(utf8.data(), size);
+    return QString::fromUtf8(QByteArrayView(utf8));
 }
 
 // Folders of clips hold the same few dozen keys ten thousands of times; each thread makes each key once and
@@ -457,7 +456,7 @@ Result<Value> readPropertyList(QByteArrayView xml) {
     }
     Converter converter(utf8);
     Value value;
-    if (!converter.document(document, value)) {
+    if (!converter.document(document.root(), value)) {
         converter.error->byteOffset = text->sourceOffset(*converter.error->byteOffset);
         return std::unexpected(*std::move(converter.error));
     }

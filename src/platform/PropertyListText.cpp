@@ -158,9 +158,9 @@ std::optional<Value> integerFromText(std::string_view text) {
     const bool hexadecimal = text.starts_with("0x") || text.starts_with("0X");
     text.remove_prefix(hexadecimal ? 2 : 0);
     quint64 magnitude = 0;
-    const char* const last = text.data() + text.size();
-    const auto [end, error] = std::from_chars(text.data(), last, magnitude, hexadecimal ? 16 : 10);
-    if (error != std::errc() || end != last) {
+    const auto [end, error] =
+        std::from_chars(text.data(), text.data() + text.size(), magnitude, hexadecimal ? 16 : 10);
+    if (error != std::errc() || end != text.data() + text.size()) {
         return std::nullopt;
     }
     if (!negative) {
@@ -176,9 +176,8 @@ std::optional<double> realFromText(std::string_view text) {
         text.remove_prefix(1);
     }
     double real = 0;
-    const char* const last = text.data() + text.size();
-    const auto [end, error] = std::from_chars(text.data(), last, real);
-    if (end != last || error == std::errc::invalid_argument) {
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), real);
+    if (end != text.data() + text.size() || error == std::errc::invalid_argument) {
         return std::nullopt;
     }
     return error == std::errc() ? real : realOutOfRange(text);
@@ -206,7 +205,7 @@ std::optional<Date> dateFromText(std::string_view text) {
 
 std::optional<QByteArray> dataFromText(std::string_view text) {
     QByteArray data;
-    data.reserve(static_cast<qsizetype>(text.size() / 4 * 3));
+    data.reserve(static_cast<qsizetype>(text.size()) / 4 * 3);
     unsigned group = 0;
     int digits = 0;
     int padding = 0;

@@ -84,17 +84,20 @@ Result<std::optional<Dictionary>> UserDefaults::read() const {
     return std::nullopt;
 }
 
-std::optional<Value> UserDefaults::value(QStringView key) const {
+/// The value of a key as it is here, nothing included, or null.
+const Value* UserDefaults::find(QStringView key) const {
     const auto changed = _changes.find(key);
-    if (changed != _changes.end()) {
-        return changed->second.isNothing() ? std::nullopt : std::optional(changed->second);
-    }
-    const Value* const value = _values.find(key);
-    return value ? std::optional(*value) : std::nullopt;
+    return changed != _changes.end() ? &changed->second : _values.find(key);
+}
+
+std::optional<Value> UserDefaults::value(QStringView key) const {
+    const Value* const value = find(key);
+    return value && !value->isNothing() ? std::optional(*value) : std::nullopt;
 }
 
 void UserDefaults::setValue(const QString& key, const Value& value) {
-    if (this->value(key).value_or(Value()) == value) {
+    const Value* const current = find(key);
+    if (current ? *current == value : value.isNothing()) {
         return;
     }
     Value copy = value.deepCopy();

@@ -39,6 +39,7 @@ class UserDefaults {
     Result<void> save();
 
   private:
+    const Value* find(QStringView key) const;
     Result<std::optional<Dictionary>> read() const;
     Result<void> write(const Dictionary& values) const;
 

@@ -22,7 +22,7 @@ Value valueOf(const QByteArray& body) {
     if (!value) {
         qWarning().noquote() << value.error().description();
     }
-    return value.value_or(Value());
+    return value ? *value : Value();
 }
 
 Date seconds(double count) {
