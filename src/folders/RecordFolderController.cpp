@@ -2,6 +2,7 @@
 
 #include "clipstore/Notifications.h"
 #include "folders/RecordIconCell.h"
+#include "platform/DelayedCalls.h"
 #include "platform/Dialogs.h"
 #include "platform/FileBrowser.h"
 #include "platform/Files.h"
@@ -343,8 +344,7 @@ void RecordFolderController::nameEntered(int row, const QString& name) {
         return;
     }
     // Once the editor is closed: an alert would take its focus and make it hand its text in again.
-    QMetaObject::invokeMethod(
-        this, [this, folder, name] { setItemName(folder, name); }, Qt::QueuedConnection);
+    DelayedCalls::performAfterDelay(this, 0, [this, folder, name] { setItemName(folder, name); });
 }
 
 void RecordFolderController::selectionDidChange() {

@@ -1,5 +1,6 @@
 #include "clipstore/Notifications.h"
 #include "folders/RecordFolderController.h"
+#include "platform/DelayedCalls.h"
 #include "platform/FakeDialogs.h"
 #include "platform/FaultyFileSystem.h"
 #include "platform/FileBrowser.h"
@@ -88,7 +89,7 @@ struct List {
     void enterName(int row, const QString& name) {
         controller.model().setData(controller.model().index(row, RecordFolderModel::folderName), name,
                                    Qt::EditRole);
-        QCoreApplication::processEvents();
+        DelayedCalls::elapse(&controller, 0);
     }
 
     // The one alert shown, as title and text; its only button is "OK".
