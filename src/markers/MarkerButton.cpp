@@ -4,6 +4,7 @@
 #include "platform/DelayedCalls.h"
 #include "platform/FloatingPanel.h"
 #include "platform/Literals.h"
+#include "platform/RecordTextValidator.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -159,6 +160,7 @@ void MarkerButton::makeTextField() {
     _textField = new QLineEdit(parentWidget());
     _textField->setObjectName(u"_textField"_s);
     _textField->setAlignment(Qt::AlignCenter);
+    _textField->setValidator(new RecordTextValidator(_textField));
     _textField->installEventFilter(this);
     connect(_textField, &QLineEdit::returnPressed, this, &MarkerButton::controlTextDidEndEditing);
 }

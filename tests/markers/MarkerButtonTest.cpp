@@ -325,6 +325,14 @@ class MarkerButtonTest : public QObject {
         QCOMPARE(_button->title(), QString());
     }
 
+    void whatNoClipCouldHoldCannotBeTyped() {
+        edit(u"Bet"_s);
+        field()->insert(QString(QChar(0x07)));
+        QTest::keyClicks(field(), u"ter"_s);
+        QTest::keyClick(field(), Qt::Key_Return);
+        QCOMPARE(_button->title(), u"Better"_s);
+    }
+
     void stopEditingDropsWhatWasTyped() {
         edit(u"Better"_s);
         _button->stopEditing();

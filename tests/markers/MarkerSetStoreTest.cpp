@@ -147,7 +147,7 @@ class MarkerSetStoreTest : public QObject {
     }
 
     void aNewSetHasNoTitlesAndTheClocksIdentity() {
-        FakeClock clock;
+        const FakeClock clock;
         const quint64 before = clock.microseconds();
         const MarkerSet set = MarkerSetStore::newMarkerSetWithTitle(u"New Set"_s);
         const Dictionary expected{{u"kMarkerSetTitle"_s, u"New Set"_s},

@@ -164,7 +164,7 @@ class MarkerSetsTest : public QObject {
         retitle(button(0), u"Reply"_s);
         QCOMPARE(button(0).title(), u"Reply"_s);
         QCOMPARE(MarkerSets::markerStringAtIndex(0, *MarkerSets::controller()->currSet()), u"Question"_s);
-        FiredMarkers fired;
+        const FiredMarkers fired;
         MarkerSets::processNumKey(1, struck);
         QCOMPARE(fired.titles(), QStringList{u"Question"_s});
         choose(0);
@@ -192,7 +192,7 @@ class MarkerSetsTest : public QObject {
         QFETCH(const int, digit);
         QFETCH(const QString, title);
         launch();
-        FiredMarkers fired;
+        const FiredMarkers fired;
         MarkerSets::processNumKey(digit, struck);
         QCOMPARE(fired.titles(), QStringList{title});
         QCOMPARE(button(digit == 0 ? 9 : digit - 1).property("highlighted").toBool(), true);
@@ -211,7 +211,7 @@ class MarkerSetsTest : public QObject {
     void keysFireWhatDisabledButtonsDoNot() {
         launch();
         MarkerSets::setMarkersEnabled(false);
-        FiredMarkers fired;
+        const FiredMarkers fired;
         MarkerSets::processNumKey(5, struck);
         QCOMPARE(fired.titles(), QStringList{u"untitled (5)"_s});
     }
@@ -250,7 +250,7 @@ class MarkerSetsTest : public QObject {
     void renamingAButtonLeavesItsMarkersAlone() {
         launch();
         retitle(button(0), u"Good"_s);
-        FiredMarkers fired;
+        const FiredMarkers fired;
         MarkerSets::addNewMarker(0, struck);
         retitle(button(0), u"Bad"_s);
         MarkerSets::addNewMarker(0, struck);
