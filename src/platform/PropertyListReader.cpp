@@ -1,9 +1,9 @@
 #include "platform/PropertyListReader.h"
 
+#include "platform/PlainPropertyList.h"
+#include "platform/PropertyListKeys.h"
 #include "platform/PropertyListText.h"
 #include "platform/XmlEncoding.h"
-
-#include <QStringDecoder>
 
 #include <pugixml.hpp>
 
@@ -16,55 +16,6 @@
 namespace marquill {
 
 namespace {
-
-/// A text of `utf8`, which is valid. QString::fromUtf8 drops a leading U+FEFF, which here is a character.
-QString textOfUtf8(std::string_view utf8) {
-    if (utf8.starts_with("\xef\xbb\xbf")) [[unlikely]] {
-        QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
-        return decoder.decode(QByteArrayView(utf8));
-    }
-    return QString::fromUtf8(QByteArrayView(utf8));
-}
-
-// Folders of clips hold the same few dozen keys ten thousands of times; each thread makes each key once and
-// all records share it. A slot keeps the last key that fell on it, so strange keys cannot make it grow.
-class KeyCache {
-  public:
-    QString text(std::string_view utf8) {
-        Slot& slot = _slots[slotNumber(utf8)];
-        if (slot.utf8 != utf8) {
-            if (utf8.size() > longestKept) {
-                return textOfUtf8(utf8);
-            }
-            slot.utf8 = utf8;
-            slot.text = textOfUtf8(utf8);
-        }
-        return slot.text;
-    }
-
-  private:
-    struct Slot {
-        std::string utf8;
-        QString text = u""_s;
-    };
-
-    /// Keys differ in their ends; a hash of all bytes takes longer than making the text anew.
-    static size_t slotNumber(std::string_view utf8) {
-        std::array<quint64, 2> ends{};
-        const size_t size = std::min(utf8.size(), sizeof(quint64));
-        std::memcpy(&ends[0], utf8.data(), size);
-        std::memcpy(&ends[1], utf8.data() + utf8.size() - size, size);
-        return ((ends[0] * 31 + ends[1] + utf8.size()) * 0x9E3779B97F4A7C15ULL) >> 56U;
-    }
-
-    static constexpr size_t longestKept = 64;
-    std::array<Slot, 256> _slots;
-};
-
-KeyCache& keyCache() {
-    thread_local KeyCache cache;
-    return cache;
-}
 
 enum class Element { plist, dict, array, key, string, integer, real, date, data, yes, no, unknown };
 
@@ -432,6 +383,13 @@ Error parserError(const pugi::xml_parse_result& parsed, const XmlText& text) {
 }  // namespace
 
 Result<Value> readPropertyList(QByteArrayView xml) {
+    if (std::optional<Value> plain = readPlainPropertyList(xml)) {
+        return *std::move(plain);
+    }
+    return readAnyPropertyList(xml);
+}
+
+Result<Value> readAnyPropertyList(QByteArrayView xml) {
     if (xml.startsWith("bplist")) {
         return failure(ErrorCode::unsupported, u"Binary property lists are not supported."_s, {}, 0);
     }

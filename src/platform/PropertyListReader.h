@@ -19,6 +19,9 @@ inline constexpr int maximumPropertyListDepth = 512;
 /// offset.
 Result<Value> readPropertyList(QByteArrayView xml);
 
+/// The same without the short way that plain documents take, for tests: both must give the same.
+Result<Value> readAnyPropertyList(QByteArrayView xml);
+
 /// The dictionary that `xml` holds; a whole property list of another type is malformed.
 Result<Dictionary> readDictionary(QByteArrayView xml);
 
