@@ -4,6 +4,8 @@
 
 #include <QRandomGenerator>
 
+#include <array>
+
 namespace marquill {
 
 namespace {
@@ -84,6 +86,25 @@ Result<void> writeBeside(const QString& target, QByteArrayView bytes, std::optio
     return {};
 }
 
+Result<QByteArray> readLargeFile(OpenFile& file, const QString& path) {
+    const Result<FileAttributes> attributes = file.attributes();
+    if (!attributes) {
+        return std::unexpected(attributes.error());
+    }
+    if (attributes->size > largestFileRead) {
+        return failure(ErrorCode::unsupported,
+                       u"The file is larger than 1 GiB, which no file of its kind is."_s, path);
+    }
+    QByteArray bytes(attributes->size, Qt::Uninitialized);
+    const Result<qint64> count =
+        file.read(0, std::span(bytes.data(), static_cast<std::size_t>(bytes.size())));
+    if (!count) {
+        return std::unexpected(count.error());
+    }
+    bytes.truncate(*count);
+    return bytes;
+}
+
 /// Where the symbolic links at `path` lead; the last one's target need not exist.
 Result<QString> followLinks(QString path) {
     for (int count = 0; count < mostLinksFollowed; ++count) {
@@ -140,22 +161,17 @@ Result<QByteArray> readFile(const QString& path) {
     if (!file) {
         return std::unexpected(file.error());
     }
-    const Result<FileAttributes> attributes = (*file)->attributes();
-    if (!attributes) {
-        return std::unexpected(attributes.error());
-    }
-    if (attributes->size > largestFileRead) {
-        return failure(ErrorCode::unsupported,
-                       u"The file is larger than 1 GiB, which no file of its kind is."_s, path);
-    }
-    QByteArray bytes(attributes->size, Qt::Uninitialized);
-    const Result<qint64> count =
-        (*file)->read(0, std::span(bytes.data(), static_cast<std::size_t>(bytes.size())));
+    // Nearly all clip files end within this, and need no question for their size.
+    // Not initialised, since the read fills it.
+    std::array<char, 16'384> start;  // NOLINT(cppcoreguidelines-pro-type-member-init)
+    const Result<qint64> count = (*file)->read(0, start);
     if (!count) {
         return std::unexpected(count.error());
     }
-    bytes.truncate(*count);
-    return bytes;
+    if (*count == static_cast<qint64>(start.size())) {
+        return readLargeFile(**file, path);
+    }
+    return QByteArray(start.data(), *count);
 }
 
 Result<void> writeFile(const QString& path, QByteArrayView bytes) {

@@ -88,7 +88,8 @@ Result<FileAttributes> readAttributes(int folder, const char* name, int flags, c
 
 class PosixFile final : public OpenFile {
   public:
-    PosixFile(int descriptor, QString path) : _descriptor(descriptor), _path(std::move(path)) {}
+    PosixFile(int descriptor, qint64 size, QString path)
+        : _descriptor(descriptor), _sizeAtOpening(size), _path(std::move(path)) {}
     ~PosixFile() override { close(_descriptor); }
 
     Result<FileAttributes> attributes() override {
@@ -105,10 +106,11 @@ class PosixFile final : public OpenFile {
             if (count < 0) {
                 return systemFailure(errno, _path);
             }
-            if (count == 0) {
+            done += static_cast<std::size_t>(count);
+            // Elsewhere than at the end, a short count may be an interruption's.
+            if (count == 0 || offset + static_cast<qint64>(done) >= _sizeAtOpening) {
                 break;
             }
-            done += static_cast<std::size_t>(count);
         }
         return static_cast<qint64>(done);
     }
@@ -137,6 +139,7 @@ class PosixFile final : public OpenFile {
 
   private:
     int _descriptor;
+    qint64 _sizeAtOpening;
     QString _path;
 };
 
@@ -154,7 +157,8 @@ int openFlags(OpenMode mode) {
     return always | O_RDWR | O_CREAT | O_EXCL;
 }
 
-Result<void> checkIsRegular(int descriptor, const QString& path) {
+/// The size of an open file; notAFile when it is no regular one.
+Result<qint64> regularSize(int descriptor, const QString& path) {
     struct stat status = {};
     if (fstat(descriptor, &status) != 0) {
         return systemFailure(errno, path);
@@ -162,7 +166,7 @@ Result<void> checkIsRegular(int descriptor, const QString& path) {
     if (!S_ISREG(status.st_mode)) {
         return systemFailure(S_ISDIR(status.st_mode) ? EISDIR : ENXIO, path);
     }
-    return {};
+    return status.st_size;
 }
 
 /// An open folder, closed when it goes.
@@ -254,11 +258,12 @@ Result<std::unique_ptr<OpenFile>> PosixFileSystem::open(const QString& path, Ope
     if (descriptor < 0) {
         return systemFailure(errno, path);
     }
-    auto file = std::make_unique<PosixFile>(descriptor, path);
-    if (const Result<void> regular = checkIsRegular(descriptor, path); !regular) {
-        return std::unexpected(regular.error());
+    const Result<qint64> size = regularSize(descriptor, path);
+    if (!size) {
+        close(descriptor);
+        return std::unexpected(size.error());
     }
-    return file;
+    return std::make_unique<PosixFile>(descriptor, *size, path);
 }
 
 Result<FileAttributes> PosixFileSystem::attributes(const QString& path, Links links) {

@@ -49,6 +49,9 @@ class FilesTest : public QObject {
         QTest::addColumn<QByteArray>("bytes");
         QTest::newRow("empty") << QByteArray("");
         QTest::newRow("text") << newBytes;
+        for (const int size : {1, 16'383, 16'384, 16'385}) {
+            QTest::addRow("%d bytes", size) << QByteArray(size, 'x');
+        }
         QTest::newRow("zeros and more than a block") << QByteArray(300'000, '\0') + "end";
     }
     void writesAndReadsAWholeFile() {
