@@ -1,35 +1,131 @@
 #include "clipstore/ClipStoreMovies.h"
 
 #include "clipstore/ClipStore.h"
+#include "movie/Movie.h"
+#include "movie/MovieUpdate.h"
+#include "platform/Files.h"
+#include "platform/Log.h"
+#include "platform/PropertyListReader.h"
+#include "platform/PropertyListWriter.h"
+
+#include <algorithm>
 
 namespace marquill {
 
 namespace {
 
+constexpr FourCharCode recordType("KVXN");
+constexpr int recordIndex = 1;
+
+namespace Status {
+constexpr int done = 0;
 constexpr int movieCannotBeOpened = -2;
+constexpr int noUserData = -3;
+constexpr int noPropertyList = -4;
+}  // namespace Status
+
+void logFailure(Error error, const QString& path) {
+    error.path = path;
+    qCWarning(logClipStore).noquote() << error.description();
+}
+
+/// Truncated toward zero.
+qint64 wholeSeconds(const Movie& movie) {
+    constexpr double mostThatFits = 0x1p62;
+    return static_cast<qint64>(std::min(movie.seconds(), mostThatFits));
+}
+
+/// The record as it is stored; an empty one where there is none, and none where it cannot be parsed.
+std::optional<ClipInfo> storedInfo(const UserData& userData, const QString& path) {
+    const std::optional<QByteArray> bytes = userData.item(recordType, recordIndex);
+    if (!bytes) {
+        return ClipInfo();
+    }
+    const Result<Dictionary> record = readDictionary(*bytes);
+    if (!record) {
+        logFailure(record.error(), path);
+        return std::nullopt;
+    }
+    return ClipInfo(*record);
+}
+
+/// When the recording of a movie began.
+Date startOfRecording(const Movie& movie, const FileAttributes& attributes) {
+    const Date created = attributes.creationDate();
+    // Written in one go when the recording ended, it began its duration earlier.
+    const bool wasWrittenAtEnd = attributes.modificationDate == created;
+    return wasWrittenAtEnd ? dateByAdding(created, -movie.seconds()) : created;
+}
 
 }  // namespace
 
 std::optional<ClipInfo> ClipStoreMovies::info(const QString& path) {
-    static_cast<void>(path);
-    return std::nullopt;
+    const Result<Movie> movie = Movie::open(path);
+    if (!movie || !movie->userData()) {
+        return std::nullopt;
+    }
+    std::optional<ClipInfo> info = storedInfo(*movie->userData(), path);
+    if (info) {
+        info->setClipName(lastPathComponent(path));
+        info->setClipDuration(wholeSeconds(*movie));
+    }
+    return info;
 }
 
 int ClipStoreMovies::update(const ClipInfo& info, const QString& path) {
-    static_cast<void>(info);
-    static_cast<void>(path);
-    return movieCannotBeOpened;
+    const Result<Movie> movie = Movie::open(path);
+    if (!movie) {
+        return Status::movieCannotBeOpened;
+    }
+    if (!movie->userData()) {
+        return Status::noUserData;
+    }
+    const Result<QByteArray> bytes = writePropertyList(info.record());
+    if (!bytes) {
+        logFailure(bytes.error(), path);
+        return Status::noPropertyList;
+    }
+    if (const Result<void> written = setUserDataItem(*movie, recordType, recordIndex, *bytes); !written) {
+        logFailure(written.error(), path);
+        return static_cast<int>(written.error().code);
+    }
+    return Status::done;
 }
 
 ClipInfo ClipStore::newInfoForClip(const QString& name, const QString& folder) {
-    static_cast<void>(folder);
     ClipInfo info;
     info.setClipName(name);
+    const std::optional<QString> path = clipPath(folder, name);
+    if (!path) {
+        return info;
+    }
+    if (const Result<Movie> movie = Movie::open(*path)) {
+        info.setClipDuration(wholeSeconds(*movie));
+    }
     return info;
 }
 
 Result<ClipInfo> ClipStore::proxyClipFromMovieURL(const QString& path) {
-    return failure(ErrorCode::unsupported, u"The file cannot be opened as a movie."_s, path);
+    const Result<Movie> movie = Movie::open(path);
+    if (!movie) {
+        return std::unexpected(movie.error());
+    }
+    const Result<FileAttributes> attributes = FileSystem::current().attributes(path, Links::keep);
+    if (!attributes) {
+        return std::unexpected(attributes.error());
+    }
+    const Date start = startOfRecording(*movie, *attributes);
+    ClipInfo info;
+    info.setClipCreationDate(start);
+    info.setClipRecordingStartTime(start);
+    info.setClipOldRecordingStartTime(start);
+    info.setClipName(withoutPathExtension(lastPathComponent(path)) + u".xml"_s);
+    info.setClipPath(path);
+    info.setClipProxyType(u"clipTypeQT"_s);
+    info.setClipDuration(wholeSeconds(*movie));
+    info.setClipOldDuration(wholeSeconds(*movie));
+    info.setClipMarkerArray(Array());
+    return info;
 }
 
 }  // namespace marquill
