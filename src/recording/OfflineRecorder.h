@@ -1,0 +1,94 @@
+// The "Place Holder Clip Recorder": the panel that starts and stops a take while a camera records elsewhere,
+// and writes the take as a placeholder clip. One per process, between init and finish; main thread.
+#pragma once
+
+#include "folders/FolderRecord.h"
+#include "platform/Date.h"
+#include "platform/PropertyList.h"
+
+#include <QIcon>
+#include <QObject>
+#include <QTimer>
+
+#include <memory>
+#include <optional>
+
+class QKeyEvent;
+class QLabel;
+class QLineEdit;
+class QToolButton;
+class QWidget;
+
+namespace marquill {
+
+class ClipInfo;
+class FloatingPanel;
+class RecordingDestination;
+
+class OfflineRecorder : public QObject {
+    Q_OBJECT
+
+  public:
+    /// Makes the recorder and restores its panel. Without a panel description there is none, and every class
+    /// operation acts on nothing. `destination` must outlive it.
+    static void init(RecordingDestination& destination);
+    /// Saves the panel's state and destroys the recorder.
+    static void finish();
+    static bool isRecording();
+    static void startRecording();
+    static void stopRecording();
+    static FloatingPanel* window();
+    static void processKeyDown(QKeyEvent& event);
+    /// The recorder, or null.
+    static OfflineRecorder* shared();
+
+    ~OfflineRecorder() override;
+
+    void start();
+    void stop();
+    void startStopButtonPressed();
+    void clipNameEntered();
+    void sceneNameEntered();
+    /// Makes the panel itself, instead of a field in it, what takes the keys.
+    void deferredSwitchFirstResponder();
+    /// Shows the take number that the next clip will get: 0 without a folder or a name.
+    void updateTakeNoUI();
+    void timerRecordAction();
+    void newMarkerIssued(const Dictionary& marker, Date markerCreationTime);
+    /// Tab in the panel goes to the clip name; no other key is handled.
+    bool keyDown(QKeyEvent& event);
+    bool windowShouldClose();
+
+  private:
+    explicit OfflineRecorder(RecordingDestination& destination);
+    bool loadPanel();
+    void wirePanel();
+    void restore();
+    void save() const;
+    void showRecordingState(bool recording);
+    void showElapsed(double seconds);
+    void endEditing();
+    std::optional<QString> existingFolderPath() const;
+    ClipInfo newClip(const QString& clipName, const QString& folder, double elapsed) const;
+    std::optional<ClipInfo> writeClip(const QString& folder, const QString& name, double elapsed) const;
+
+    RecordingDestination& _destination;
+    std::unique_ptr<FloatingPanel> _panel;
+    QToolButton* _recordButton = nullptr;
+    QLabel* _shotClock = nullptr;
+    QLabel* _recordState = nullptr;
+    QLineEdit* _defaultClipName = nullptr;
+    QLineEdit* _defaultSceneName = nullptr;
+    QLabel* _currentTakeNo = nullptr;
+    QIcon _recordNormalImage;
+    QIcon _recordActiveImage;
+    bool _isRecording = false;
+    std::optional<FolderRecord>
+        _recordingFolder;  // held while recording: choosing another does not move the take
+    Date _recordStartDate;
+    Array _recordingMarkers;
+    QMetaObject::Connection _markerConnection;
+    QTimer _displayTimer;
+};
+
+}  // namespace marquill

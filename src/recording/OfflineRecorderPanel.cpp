@@ -1,0 +1,188 @@
+// The recorder's panel: its description, what it shows, and its fields.
+#include "clipstore/ClipInfo.h"
+#include "clipstore/ClipStore.h"
+#include "clipstore/Notifications.h"
+#include "movie/QTHelper.h"
+#include "platform/Clock.h"
+#include "platform/DelayedCalls.h"
+#include "platform/Dialogs.h"
+#include "platform/FloatingPanel.h"
+#include "platform/Images.h"
+#include "platform/Log.h"
+#include "platform/RecordTextValidator.h"
+#include "platform/Theme.h"
+#include "platform/UserDefaults.h"
+#include "platform/WindowDescription.h"
+#include "platform/WindowFrame.h"
+#include "recording/OfflineRecorder.h"
+#include "recording/RecordingDestination.h"
+
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QStyle>
+#include <QToolButton>
+
+#include <cmath>
+
+namespace marquill {
+
+namespace {
+
+const QString frameName = u"kOfflineRecorderWindowFrame"_s;
+const QString settingsKey = u"kOfflineRecorder"_s;
+const QString visibleKey = u"kOfflineRecorderWindowVisible"_s;
+const QString clipNameKey = u"kOfflineRecorderClipName"_s;
+const QString sceneNameKey = u"kOfflineRecorderSceneName"_s;
+
+// How long after a name is entered the keys go back to the panel, in seconds.
+constexpr double switchFirstResponderDelay = 1.0;
+constexpr int displayInterval = 500;  // milliseconds
+
+}  // namespace
+
+bool OfflineRecorder::loadPanel() {
+    Result<std::unique_ptr<QWidget>> window = WindowDescription::load(u"OfflineRecorder"_s);
+    if (window && qobject_cast<FloatingPanel*>(window->get())) {
+        _panel.reset(qobject_cast<FloatingPanel*>(window->release()));
+        Outlets outlets(*_panel);
+        outlets.connect(_recordButton, u"_recordButton"_s);
+        outlets.connect(_shotClock, u"_shotClock"_s);
+        outlets.connect(_recordState, u"_recordState"_s);
+        outlets.connect(_defaultClipName, u"_defaultClipName"_s);
+        outlets.connect(_defaultSceneName, u"_defaultSceneName"_s);
+        outlets.connect(_currentTakeNo, u"_currentTakeNo"_s);
+        if (outlets.check()) {
+            wirePanel();
+            return true;
+        }
+    }
+    qCWarning(logRecording) << "Couldn't instantiate OfflineRecorder nib";
+    return false;
+}
+
+void OfflineRecorder::wirePanel() {
+    _recordNormalImage = image(u"record-0N"_s, u"tiff"_s);
+    _recordActiveImage = image(u"record-1H"_s, u"tiff"_s);
+    _shotClock->setFont(Theme::shotClockFont());
+    _panel->windowShouldClose = [this] { return windowShouldClose(); };
+    _defaultClipName->setValidator(new ClipNameValidator(_defaultClipName));
+    _defaultSceneName->setValidator(new RecordTextValidator(_defaultSceneName));
+    connect(_recordButton, &QToolButton::clicked, this, &OfflineRecorder::startStopButtonPressed);
+    connect(_defaultClipName, &QLineEdit::returnPressed, this, &OfflineRecorder::clipNameEntered);
+    connect(_defaultClipName, &QLineEdit::editingFinished, this, &OfflineRecorder::updateTakeNoUI);
+    connect(_defaultSceneName, &QLineEdit::returnPressed, this, &OfflineRecorder::sceneNameEntered);
+    connect(&Notifications::centre(), &Notifications::recordingFolderChanged, this,
+            &OfflineRecorder::updateTakeNoUI);
+    connect(&_displayTimer, &QTimer::timeout, this, &OfflineRecorder::timerRecordAction);
+    _displayTimer.setTimerType(Qt::PreciseTimer);
+    _displayTimer.start(displayInterval);
+    _defaultClipName->setText(u"Clip"_s);
+    _defaultSceneName->setText(u"Scene"_s);
+    showElapsed(0);
+    showRecordingState(false);
+}
+
+void OfflineRecorder::restore() {
+    const std::optional<Value> saved = UserDefaults::standard().value(settingsKey);
+    const Dictionary settings = saved ? saved->dictionary().value_or(Dictionary()) : Dictionary();
+    _defaultClipName->setText(settings.string(clipNameKey).value_or(_defaultClipName->text()));
+    _defaultSceneName->setText(settings.string(sceneNameKey).value_or(_defaultSceneName->text()));
+    restoreWindowFrame(*_panel, frameName);
+    _panel->setVisible(settings.boolean(visibleKey).value_or(true));
+    updateTakeNoUI();
+}
+
+void OfflineRecorder::save() const {
+    saveWindowFrame(*_panel, frameName);
+    UserDefaults::standard().setValue(settingsKey, Dictionary{{visibleKey, _panel->isVisible()},
+                                                              {clipNameKey, _defaultClipName->text()},
+                                                              {sceneNameKey, _defaultSceneName->text()}});
+}
+
+void OfflineRecorder::updateTakeNoUI() {
+    const std::optional<FolderRecord> folder = _destination.recordFolder();
+    const QString path = folder ? folder->folderPath().value_or(QString()) : QString();
+    const std::optional<NewClipName> next =
+        ClipStore::getNewClipNameForFolder(path, _defaultClipName->text());
+    _currentTakeNo->setText(QString::number(next ? next->takeNo : 0));
+}
+
+void OfflineRecorder::timerRecordAction() {
+    if (!_isRecording) {
+        return;
+    }
+    const double elapsed = secondsBetween(_recordStartDate, Clock::current().now());
+    // Lit in the half second around each whole one: the light blinks once a second.
+    const bool lit = static_cast<qint64>(std::trunc(2 * elapsed + 0.5)) % 2 == 0;
+    _recordButton->setIcon(lit ? _recordActiveImage : _recordNormalImage);
+    showElapsed(elapsed);
+}
+
+void OfflineRecorder::showElapsed(double seconds) {
+    _shotClock->setText(QTHelper::timeCodeStringHHMMSS(static_cast<qint64>(std::trunc(seconds))));
+}
+
+// The state is told by a word and a frame as well, so that it can be read without colour and from afar.
+void OfflineRecorder::showRecordingState(bool recording) {
+    _recordButton->setIcon(recording ? _recordActiveImage : _recordNormalImage);
+    _recordButton->setToolTip(recording ? u"Stop Recording (Esc)"_s : u"Start Recording (Ctrl+Space)"_s);
+    _recordButton->setAccessibleName(recording ? u"Stop Recording"_s : u"Start Recording"_s);
+    _recordState->setText(recording ? u"RECORDING"_s : u"READY"_s);
+    for (QWidget* widget : {static_cast<QWidget*>(_panel.get()), static_cast<QWidget*>(_recordState),
+                            static_cast<QWidget*>(_shotClock)}) {
+        widget->setProperty("recording", recording);
+        widget->style()->unpolish(widget);
+        widget->style()->polish(widget);
+    }
+}
+
+void OfflineRecorder::startStopButtonPressed() {
+    if (_isRecording) {
+        stop();
+    } else {
+        start();
+    }
+}
+
+void OfflineRecorder::clipNameEntered() {
+    updateTakeNoUI();
+    sceneNameEntered();
+}
+
+void OfflineRecorder::sceneNameEntered() {
+    DelayedCalls::performAfterDelay(this, switchFirstResponderDelay,
+                                    [this] { deferredSwitchFirstResponder(); });
+}
+
+void OfflineRecorder::deferredSwitchFirstResponder() {
+    _panel->setFocus(Qt::OtherFocusReason);
+}
+
+// Whatever is being typed in a field is taken as it stands; the keys then go to the panel.
+void OfflineRecorder::endEditing() {
+    QWidget* field = _panel->focusWidget();
+    if (field == _defaultClipName || field == _defaultSceneName) {
+        deferredSwitchFirstResponder();
+    }
+}
+
+bool OfflineRecorder::keyDown(QKeyEvent& event) {
+    const bool panelHasKeys = !_panel->focusWidget() || _panel->focusWidget() == _panel.get();
+    if (event.key() != Qt::Key_Tab || !panelHasKeys) {
+        return false;
+    }
+    _defaultClipName->setFocus(Qt::TabFocusReason);
+    return true;
+}
+
+bool OfflineRecorder::windowShouldClose() {
+    if (_isRecording) {
+        Dialogs::current().alert(_panel.get(),
+                                 {.title = u"Can't close Window"_s,
+                                  .text = u"Please stop recording before closing the window."_s});
+    }
+    return !_isRecording;
+}
+
+}  // namespace marquill
