@@ -1,0 +1,143 @@
+#include "commandline/ProbeCommand.h"
+
+#include "commandline/RecordJson.h"
+#include "movie/Movie.h"
+#include "movie/QTHelper.h"
+
+#include <QJsonArray>
+
+#include <CLI/CLI.hpp>
+
+#include <map>
+
+namespace marquill {
+
+namespace {
+
+QJsonObject jsonOfTrack(const Track& track) {
+    return {{u"id"_s, qint64{track.id}},
+            {u"handler"_s, track.handler.text()},
+            {u"timeScale"_s, qint64{track.timeScale}},
+            {u"duration"_s, static_cast<qint64>(track.duration)},
+            {u"sampleCount"_s, static_cast<qint64>(track.sampleCount)},
+            {u"codec"_s, track.codec.text()},
+            {u"width"_s, track.width},
+            {u"height"_s, track.height}};
+}
+
+QJsonValue jsonOfVisual(const Track* track) {
+    if (!track) {
+        return QJsonValue::Null;
+    }
+    return QJsonObject{{u"sampleCount"_s, static_cast<qint64>(track->sampleCount)},
+                       {u"timeScale"_s, qint64{track->timeScale}},
+                       {u"codec"_s, track->codec.text()}};
+}
+
+QJsonValue jsonOfUserData(const std::optional<UserData>& userData) {
+    if (!userData) {
+        return QJsonValue::Null;
+    }
+    QJsonArray items;
+    std::map<FourCharCode, int> counts;
+    for (const RawAtom& item : userData->items()) {
+        items.append(QJsonObject{
+            {u"type"_s, item.type.text()}, {u"index"_s, ++counts[item.type]}, {u"size"_s, item.body.size()}});
+    }
+    return items;
+}
+
+QJsonObject jsonOfMovie(const Movie& movie) {
+    QJsonArray tracks;
+    for (const Track& track : movie.tracks()) {
+        tracks.append(jsonOfTrack(track));
+    }
+    const MovieHeaderPlace& header = movie.header();
+    return {{u"path"_s, movie.path()},
+            {u"duration"_s, static_cast<qint64>(movie.duration())},
+            {u"timeScale"_s, qint64{movie.timeScale()}},
+            {u"seconds"_s, movie.seconds()},
+            {u"fragmented"_s, movie.isFragmented()},
+            {u"referenceMovie"_s, movie.isReferenceMovie()},
+            {u"header"_s, QJsonObject{{u"offset"_s, header.offset},
+                                      {u"size"_s, header.size},
+                                      {u"compressed"_s, header.compressed},
+                                      {u"beforeMedia"_s, header.beforeMedia}}},
+            {u"tracks"_s, tracks},
+            {u"visual"_s, jsonOfVisual(movie.visualTrack())},
+            {u"userData"_s, jsonOfUserData(movie.userData())}};
+}
+
+QStringList timeCodes(const Movie& movie, const std::vector<long long>& values) {
+    QStringList texts;
+    for (const long long value : values) {
+        const MovieTime time{value, static_cast<qint32>(movie.timeScale())};
+        texts.append(QTHelper::timeCodeStringFromQTTime(time, movie));
+    }
+    return texts;
+}
+
+QString textOfMovie(const Movie& movie) {
+    QStringList lines;
+    lines.append(u"duration   %1 s (%2 / %3)%4"_s.arg(movie.seconds(), 0, 'f', 3)
+                     .arg(movie.duration())
+                     .arg(movie.timeScale())
+                     .arg(movie.isFragmented() ? u", fragmented"_s : QString()));
+    lines.append(u"header     %1 bytes at %2, %3 the media%4"_s.arg(movie.header().size)
+                     .arg(movie.header().offset)
+                     .arg(movie.header().beforeMedia ? u"before"_s : u"after"_s)
+                     .arg(movie.header().compressed ? u", compressed"_s : QString()));
+    if (movie.isReferenceMovie()) {
+        lines.append(u"reference  names other movies, has no media of its own"_s);
+    }
+    for (const Track& track : movie.tracks()) {
+        lines.append(u"track %1    %2 %3, %4 samples, %5 × %6"_s.arg(track.id)
+                         .arg(track.handler.text(), track.codec.text())
+                         .arg(track.sampleCount)
+                         .arg(track.width)
+                         .arg(track.height));
+    }
+    if (!movie.userData()) {
+        lines.append(u"user data  none: the movie cannot hold a clip record"_s);
+        return lines.join(u'\n');
+    }
+    for (const RawAtom& item : movie.userData()->items()) {
+        lines.append(u"user data  %1, %2 bytes"_s.arg(item.type.text()).arg(item.body.size()));
+    }
+    return lines.join(u'\n');
+}
+
+}  // namespace
+
+CLI::App* ProbeCommand::addTo(CLI::App& parser) {
+    CLI::App* probe = parser.add_subcommand("probe", "Tell what the header of a movie file says");
+    probe->add_option("FILE", _file, "The movie")->required();
+    probe->add_flag("--json", _json, "Print it as JSON");
+    probe->add_option("--timecode", _timeCodes, "Also the time codes at these times, in units of the movie")
+        ->type_name("VALUE");
+    return probe;
+}
+
+ExitStatus ProbeCommand::run() {
+    const Result<Movie> movie = Movie::open(QString::fromStdString(_file));
+    if (!movie) {
+        complain(movie.error());
+        return ExitStatus::failed;
+    }
+    const QStringList texts = timeCodes(*movie, _timeCodes);
+    if (_json) {
+        QJsonObject json = jsonOfMovie(*movie);
+        if (!texts.isEmpty()) {
+            json.insert(u"timecode"_s, QJsonArray::fromStringList(texts));
+        }
+        print(jsonText(json));
+        return ExitStatus::done;
+    }
+    print(textOfMovie(*movie));
+    for (const QString& text : texts) {
+        print(u"time code  "_s + text);
+    }
+    return ExitStatus::done;
+}
+
+}  // namespace marquill

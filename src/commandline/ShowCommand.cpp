@@ -1,0 +1,46 @@
+#include "commandline/ShowCommand.h"
+
+#include "clipstore/ClipStore.h"
+#include "commandline/RecordJson.h"
+#include "platform/Files.h"
+
+#include <CLI/CLI.hpp>
+
+namespace marquill {
+
+CLI::App* ShowCommand::addTo(CLI::App& parser) {
+    CLI::App* show = parser.add_subcommand("show", "Show the record of a clip and the texts about it");
+    show->add_option("CLIP", _clip, "The clip file: a placeholder or a movie")->required();
+    show->add_flag("--json", _json, "Print it as JSON");
+    return show;
+}
+
+ExitStatus ShowCommand::run() {
+    const QString path = QString::fromStdString(_clip);
+    if (const Result<FileAttributes> file = FileSystem::current().attributes(path, Links::follow); !file) {
+        complain(file.error());
+        return ExitStatus::failed;
+    }
+    const std::optional<ClipInfo> clip = ClipStore::infoForClip(path);
+    if (!clip) {
+        complain(
+            {ErrorCode::malformed, u"holds no clip record; see what `marquill probe` tells of it"_s, path});
+        return ExitStatus::failed;
+    }
+    const QString folder = parentFolder(path);
+    const QString log = ClipStore::logForClipInfo(*clip);
+    const QString attributes = ClipStore::attrForClipInfo(*clip, folder);
+    const QString pathText = ClipStore::pathAttrForClipInfo(*clip, folder);
+    if (_json) {
+        print(jsonText(QJsonObject{{u"record"_s, jsonOfRecord(clip->record())},
+                                   {u"log"_s, log},
+                                   {u"attributes"_s, attributes},
+                                   {u"path"_s, pathText}}));
+        return ExitStatus::done;
+    }
+    print(jsonText(jsonOfRecord(clip->record())));
+    print((log + attributes + pathText).trimmed());
+    return ExitStatus::done;
+}
+
+}  // namespace marquill
