@@ -1,0 +1,232 @@
+#include "application/Application.h"
+
+#include "application/ApplicationMenus.h"
+#include "application/FirstArrangement.h"
+#include "application/GlobalKeys.h"
+#include "application/KeyboardShortcuts.h"
+#include "clipmanager/ClipManager.h"
+#include "markers/MarkerButton.h"
+#include "markers/MarkerSetPopup.h"
+#include "markers/MarkerSets.h"
+#include "platform/Dialogs.h"
+#include "platform/EventTime.h"
+#include "platform/Images.h"
+#include "platform/Log.h"
+#include "platform/TableView.h"
+#include "platform/UserDefaults.h"
+#include "platform/WindowDescription.h"
+#include "recording/OfflineRecorder.h"
+
+#include <QKeyEvent>
+#include <QMainWindow>
+#include <QWindow>
+
+namespace marquill {
+
+namespace {
+
+// The recorder is there before the Clip Manager, so what it asks for goes to the one there is by then.
+class ClipManagerDestination : public RecordingDestination {
+  public:
+    std::optional<FolderRecord> recordFolder() override {
+        ClipManager* clipManager = ClipManager::getClipManager();
+        return clipManager ? clipManager->recordFolder() : std::nullopt;
+    }
+    void addClip(const ClipInfo& info, const QString& folder) override {
+        if (ClipManager* clipManager = ClipManager::getClipManager()) {
+            clipManager->addClip(info, folder);
+        }
+    }
+};
+
+}  // namespace
+
+Application::Application(int& argc, char** argv, const Options& options)
+    : QApplication(argc, argv), _controller(*this), _options(options) {
+    setApplicationName(u"marquill"_s);
+    setApplicationDisplayName(u"Marquill"_s);
+    setApplicationVersion(QStringLiteral(MARQUILL_VERSION));
+    setDesktopFileName(u"marquill"_s);
+    setWindowIcon(applicationIcon());
+    setQuitOnLastWindowClosed(false);
+    if (!_options.settingsFile.isEmpty()) {
+        UserDefaults::useFile(_options.settingsFile);
+    }
+    Theme::apply(*this, _options.theme);
+}
+
+Application::~Application() = default;
+
+void Application::finishLaunching() {
+    registerWidgets();
+    MarkerSets::init();
+    static ClipManagerDestination destination;
+    OfflineRecorder::init(destination);
+    ClipManager::init();
+    buildMenus();
+    connectPanels();
+    _launched = true;
+    if (ClipManager* clipManager = ClipManager::getClipManager()) {
+        makeKeyAndOrderFront(*clipManager->window());
+    }
+}
+
+void Application::registerWidgets() {
+    WindowDescription::registerWidget(u"MainWindow"_s, [this](QWidget* parent) {
+        auto* window = new MainWindow(parent);
+        window->setApplication(this);
+        return window;
+    });
+    WindowDescription::registerWidget<MarkerButton>(u"MarkerButton"_s);
+    WindowDescription::registerWidget<MarkerSetPopup>(u"MarkerSetPopup"_s);
+    WindowDescription::registerWidget<TableView>(u"TableView"_s);
+}
+
+void Application::buildMenus() {
+    _actions = std::make_unique<ActionTable>(actionDescriptions(*this),
+                                             [this](QAction& action) { validateMenuItem(action); });
+    if (ClipManager* clipManager = ClipManager::getClipManager()) {
+        _actions->buildMenus(*clipManager->window()->menuBar());
+    }
+    _actions->addActions(u"&Window"_s, _contextMenu);
+    _actions->validate();
+    _keyboardShortcuts = std::make_unique<KeyboardShortcuts>(*_actions);
+    _keyboardShortcuts->setApplication(this);
+}
+
+// Panels stay above the main window, and where nothing is saved yet, beside it.
+void Application::connectPanels() {
+    ClipManager* clipManager = ClipManager::getClipManager();
+    if (!clipManager) {
+        return;
+    }
+    QWidget& main = *clipManager->window();
+    main.installEventFilter(this);
+    std::vector<QWidget*> panels{OfflineRecorder::window(), MarkerSets::window()};
+    arrangeAtFirstStart(main, panels);
+    panels.push_back(_keyboardShortcuts.get());
+    main.winId();
+    for (QWidget* panel : panels) {
+        if (panel) {
+            panel->winId();
+            panel->windowHandle()->setTransientParent(main.windowHandle());
+        }
+    }
+}
+
+bool Application::notify(QObject* receiver, QEvent* event) {
+    // The window gets a key first and passes it on to the widget with the focus, so this is before
+    // everything; the override event asks whether a menu's shortcut may have the key.
+    if (_launched && receiver->isWindowType()) {
+        if (event->type() == QEvent::ShortcutOverride && takesGlobalKey(*static_cast<QKeyEvent*>(event))) {
+            event->accept();
+            return true;
+        }
+        if (event->type() == QEvent::KeyPress && routeKeyDown(*static_cast<QKeyEvent*>(event))) {
+            event->accept();
+            return true;
+        }
+    }
+    return QApplication::notify(receiver, event);
+}
+
+bool Application::takesGlobalKey(const QKeyEvent& event) const {
+    const bool starts = GlobalKeys::startsRecording(event) && !OfflineRecorder::isRecording();
+    return starts || GlobalKeys::isEscape(event) || GlobalKeys::markerDigit(event);
+}
+
+// Carries out a global key; false when the key is none.
+bool Application::routeKeyDown(const QKeyEvent& event) {
+    if (!takesGlobalKey(event)) {
+        return false;
+    }
+    if (GlobalKeys::isEscape(event)) {
+        // An Escape that stops no take is taken too: no window of the program closes by it.
+        if (OfflineRecorder::isRecording()) {
+            OfflineRecorder::stopRecording();
+        }
+    } else if (GlobalKeys::startsRecording(event) && !OfflineRecorder::isRecording()) {
+        OfflineRecorder::startRecording();
+    } else if (const std::optional<int> digit = GlobalKeys::markerDigit(event)) {
+        MarkerSets::processNumKey(*digit, arrivalDate(event));
+    }
+    return true;
+}
+
+bool Application::keyDown(QEvent& event) {
+    if (event.type() != QEvent::KeyPress) {
+        return true;
+    }
+    FloatingPanel* recorder = OfflineRecorder::window();
+    if (!recorder || QApplication::activeWindow() != recorder) {
+        return false;
+    }
+    OfflineRecorder::processKeyDown(static_cast<QKeyEvent&>(event));
+    return true;
+}
+
+Application::TerminateReply Application::shouldTerminate() {
+    if (OfflineRecorder::isRecording()) {
+        Dialogs::current().alert(
+            nullptr, {.title = u"Quit Marquill?"_s,
+                      .text = u"Marquill is currently busy with recording a clip. To quit Vistacue "
+                              "please stop recording and try again to quit."_s});
+        return TerminateReply::cancel;
+    }
+    cleanUp();
+    return TerminateReply::now;
+}
+
+void Application::cleanUp() {
+    ClipManager::finish();
+    MarkerSets::finish();
+    OfflineRecorder::finish();
+    if (const Result<void> saved = UserDefaults::standard().save(); !saved) {
+        qCWarning(logApplication).noquote() << saved.error().description();
+    }
+}
+
+void Application::terminate() {
+    if (_controller.applicationShouldTerminate()) {
+        exit(0);
+    }
+}
+
+bool Application::eventFilter(QObject* watched, QEvent* event) {
+    switch (event->type()) {
+        case QEvent::Close:
+            // Closing the main window is the user's way of quitting; hiding it is a command of its own.
+            event->ignore();
+            terminate();
+            return true;
+        case QEvent::WindowStateChange:
+            clipManagerStateChanged();
+            break;
+        case QEvent::Paint:
+            if (_options.exitAfterFirstPaint) {
+                QMetaObject::invokeMethod(this, &Application::terminate, Qt::QueuedConnection);
+            }
+            break;
+        default:
+            break;
+    }
+    return QApplication::eventFilter(watched, event);
+}
+
+// Panels cannot be minimised: they go with the main window and come back with it. A panel that records stays.
+void Application::clipManagerStateChanged() {
+    if (!ClipManager::getClipManager()->window()->isMinimized()) {
+        for (QWidget* panel : std::exchange(_hiddenPanels, {})) {
+            panel->show();
+        }
+        return;
+    }
+    for (FloatingPanel* panel : {OfflineRecorder::window(), MarkerSets::window()}) {
+        if (panel && panel->isVisible() && !OfflineRecorder::isRecording()) {
+            panel->hide();
+            _hiddenPanels.append(panel);
+        }
+    }
+}
+
+}  // namespace marquill

@@ -1,0 +1,80 @@
+// The application object: it makes the long-lived parts at launch in a fixed order, routes the keys that work
+// in every window, keeps the show/hide items in step with the windows, and tears the parts down at quit. One
+// per process; main thread.
+#pragma once
+
+#include "application/ActionTable.h"
+#include "application/ApplicationController.h"
+#include "application/Options.h"
+
+#include <QApplication>
+#include <QMenu>
+
+#include <memory>
+
+class QKeyEvent;
+
+namespace marquill {
+
+class KeyboardShortcuts;
+
+class Application : public QApplication {
+    Q_OBJECT
+
+  public:
+    Application(int& argc, char** argv, const Options& options = {});
+    ~Application() override;
+
+    /// Makes the parts and shows their windows; called once, before exec().
+    void finishLaunching();
+
+    /// Every event of the program passes here: the global keys are taken before any window sees them.
+    bool notify(QObject* receiver, QEvent* event) override;
+
+    /// Offers a panel's event to the application: true when it was handled. Keys go to the recorder while its
+    /// panel has the keyboard.
+    bool keyDown(QEvent& event);
+
+    /// Sets the title of a command and whether it is enabled.
+    void validateMenuItem(QAction& action);
+
+    enum class TerminateReply { now, cancel };
+    /// Whether the program may quit; when it may, the parts have been torn down.
+    TerminateReply shouldTerminate();
+
+    // Commands.
+    void terminate();
+    void hide();
+    void showHideOfflineRecorderWindow();
+    void showHideMarkerWindow();
+    void showHideClipManagerWindow();
+    void showKeyboardShortCuts();
+    void orderFrontStandardAboutPanel();
+    void sendSupportEmail();
+    void visitWebsite();
+    void troubleShooting();
+
+    /// The commands that show windows, for panels that have no menu bar.
+    QMenu& contextMenu() { return _contextMenu; }
+    ActionTable& actions() { return *_actions; }
+
+  private:
+    bool takesGlobalKey(const QKeyEvent& event) const;
+    bool routeKeyDown(const QKeyEvent& event);
+    void registerWidgets();
+    void buildMenus();
+    void connectPanels();
+    void cleanUp();
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void clipManagerStateChanged();
+
+    ApplicationController _controller;
+    std::unique_ptr<ActionTable> _actions;
+    std::unique_ptr<KeyboardShortcuts> _keyboardShortcuts;
+    QMenu _contextMenu;
+    QWidgetList _hiddenPanels;  // those that went with the minimised main window
+    Options _options;
+    bool _launched = false;
+};
+
+}  // namespace marquill

@@ -1,0 +1,133 @@
+// The application's commands, and the titles and states of their menu items.
+#include "application/Application.h"
+#include "application/KeyboardShortcuts.h"
+#include "clipmanager/ClipManager.h"
+#include "markers/MarkerSets.h"
+#include "platform/Log.h"
+#include "recording/OfflineRecorder.h"
+
+#include <QAction>
+#include <QDesktopServices>
+#include <QMainWindow>
+#include <QMessageBox>
+#include <QUrl>
+
+namespace marquill {
+
+namespace {
+
+constexpr auto supportAddress = "support@marquill.example"_L1;
+constexpr auto homePage = "https://marquill.example/"_L1;
+
+bool isVisible(const QWidget* window) {
+    return window && window->isVisible();
+}
+
+// Hides a window, or shows it in front. The last window to be seen is minimised instead, since nothing else
+// would be left to bring the program back with.
+void showHide(QWidget* window) {
+    if (!window) {
+        return;
+    }
+    if (!window->isVisible() || window->isMinimized()) {
+        makeKeyAndOrderFront(*window);
+        return;
+    }
+    const QWidgetList all = QApplication::topLevelWidgets();
+    const auto others = std::ranges::count_if(
+        all, [window](const QWidget* other) { return other != window && other->isVisible(); });
+    if (others == 0) {
+        window->showMinimized();
+    } else {
+        window->hide();
+    }
+}
+
+void openAddress(const QUrl& address, const char* invalidText) {
+    if (!address.isValid() || !QDesktopServices::openUrl(address)) {
+        qCWarning(logApplication) << invalidText;
+    }
+}
+
+QWidget* clipManagerWindow() {
+    const ClipManager* clipManager = ClipManager::getClipManager();
+    return clipManager ? clipManager->window() : nullptr;
+}
+
+}  // namespace
+
+void Application::showHideClipManagerWindow() {
+    showHide(clipManagerWindow());
+}
+
+void Application::showHideMarkerWindow() {
+    showHide(MarkerSets::window());
+}
+
+void Application::showKeyboardShortCuts() {
+    showHide(_keyboardShortcuts.get());
+}
+
+void Application::showHideOfflineRecorderWindow() {
+    FloatingPanel* recorder = OfflineRecorder::window();
+    if (recorder && OfflineRecorder::isRecording()) {
+        makeKeyAndOrderFront(*recorder);
+    } else {
+        showHide(recorder);
+    }
+}
+
+// Minimises the main window; the panels, which cannot be minimised, go with it and come back with it.
+void Application::hide() {
+    if (QWidget* window = clipManagerWindow()) {
+        window->showMinimized();
+    }
+}
+
+void Application::orderFrontStandardAboutPanel() {
+    QMessageBox about(QApplication::activeWindow());
+    about.setWindowTitle(u"About Marquill"_s);
+    about.setIconPixmap(windowIcon().pixmap(64, 64));
+    about.setText(u"<b>Marquill %1</b>"_s.arg(applicationVersion()));
+    about.setInformativeText(u"Logs video shots while they are filmed."_s);
+    about.exec();
+}
+
+void Application::sendSupportEmail() {
+    openAddress(QUrl(u"mailto:"_s + supportAddress + u"?subject="_s +
+                     QString::fromLatin1(QUrl::toPercentEncoding(u"Feedback:"_s))),
+                "Invalid support URL");
+}
+
+void Application::visitWebsite() {
+    openAddress(QUrl(homePage), "Invalid URL");
+}
+
+void Application::troubleShooting() {
+    openAddress(QUrl(homePage + "Support.html"_L1), "Invalid support URL");
+}
+
+void Application::validateMenuItem(QAction& action) {
+    const auto title = [&action](bool visible, const QString& window) {
+        action.setText((visible ? u"Hide "_s : u"Show "_s) + window);
+    };
+    const QString id = action.objectName();
+    const bool recording = OfflineRecorder::isRecording();
+    if (id == "showHideClipManagerWindow"_L1) {
+        title(isVisible(clipManagerWindow()), u"Clip Manager"_s);
+    } else if (id == "showHideMarkerWindow"_L1) {
+        title(isVisible(MarkerSets::window()), u"Real Time Markers Window"_s);
+    } else if (id == "showHideOfflineRecorderWindow"_L1) {
+        const bool visible = isVisible(OfflineRecorder::window());
+        title(visible, u"Place Holder Clip Recorder Window"_s);
+        action.setEnabled(!visible || !recording);
+    } else if (id == "showKeyboardShortCuts"_L1) {
+        title(isVisible(_keyboardShortcuts.get()), u"Keyboard Shortcuts"_s);
+    } else if (id == "startRecording"_L1) {
+        action.setEnabled(!recording);
+    } else if (id == "stopRecording"_L1) {
+        action.setEnabled(recording);
+    }
+}
+
+}  // namespace marquill

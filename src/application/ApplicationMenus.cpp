@@ -1,0 +1,88 @@
+#include "application/ApplicationMenus.h"
+
+#include "application/Application.h"
+#include "application/GlobalKeys.h"
+#include "clipmanager/ClipManager.h"
+#include "recording/OfflineRecorder.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace marquill {
+
+namespace {
+
+void withClipManager(void (ClipManager::*command)()) {
+    if (ClipManager* clipManager = ClipManager::getClipManager()) {
+        (clipManager->*command)();
+    }
+}
+
+std::vector<ActionDescription> fileCommands(Application& app) {
+    const QString menu = u"&File"_s;
+    return {
+        {u"addFolder"_s, menu, u"Add Folder…"_s, QKeySequence::Open,
+         [] { withClipManager(&ClipManager::addFolderButton); }},
+        {u"removeFolder"_s,
+         menu,
+         u"Remove Folder from List"_s,
+         {},
+         [] { withClipManager(&ClipManager::removeFolderButton); }},
+        {u"hide"_s, menu, u"Hide Marquill"_s, QKeySequence(Qt::CTRL | Qt::Key_H), [&app] { app.hide(); },
+         true},
+        {u"terminate"_s, menu, u"Quit Marquill"_s, QKeySequence(Qt::CTRL | Qt::Key_Q),
+         [&app] { app.terminate(); }, true},
+    };
+}
+
+std::vector<ActionDescription> recordCommands() {
+    const QString menu = u"&Record"_s;
+    return {
+        {u"startRecording"_s, menu, u"Start Recording"_s, GlobalKeys::startRecordingKey(),
+         [] { OfflineRecorder::startRecording(); }},
+        {u"stopRecording"_s, menu, u"Stop Recording"_s, QKeySequence(Qt::Key_Escape),
+         [] { OfflineRecorder::stopRecording(); }},
+    };
+}
+
+std::vector<ActionDescription> windowCommands(Application& app) {
+    const QString menu = u"&Window"_s;
+    return {
+        {u"showHideClipManagerWindow"_s, menu, u"Show Clip Manager"_s, QKeySequence(Qt::CTRL | Qt::Key_1),
+         [&app] { app.showHideClipManagerWindow(); }},
+        {u"showHideOfflineRecorderWindow"_s, menu, u"Show Place Holder Clip Recorder Window"_s,
+         QKeySequence(Qt::CTRL | Qt::Key_2), [&app] { app.showHideOfflineRecorderWindow(); }},
+        {u"showHideMarkerWindow"_s, menu, u"Show Real Time Markers Window"_s,
+         QKeySequence(Qt::CTRL | Qt::Key_3), [&app] { app.showHideMarkerWindow(); }},
+        {u"showKeyboardShortCuts"_s, menu, u"Show Keyboard Shortcuts"_s, QKeySequence(Qt::CTRL | Qt::Key_K),
+         [&app] { app.showKeyboardShortCuts(); }, true},
+    };
+}
+
+std::vector<ActionDescription> helpCommands(Application& app) {
+    const QString menu = u"&Help"_s;
+    return {
+        {u"troubleShooting"_s, menu, u"Trouble Shooting ..."_s, {}, [&app] { app.troubleShooting(); }},
+        {u"visitWebsite"_s, menu, u"Visit Website"_s, {}, [&app] { app.visitWebsite(); }},
+        {u"sendSupportEmail"_s, menu, u"Send Feedback…"_s, {}, [&app] { app.sendSupportEmail(); }},
+        {u"orderFrontStandardAboutPanel"_s,
+         menu,
+         u"About Marquill ..."_s,
+         {},
+         [&app] { app.orderFrontStandardAboutPanel(); },
+         true},
+    };
+}
+
+}  // namespace
+
+std::vector<ActionDescription> actionDescriptions(Application& application) {
+    std::vector<ActionDescription> all;
+    for (std::vector<ActionDescription> menu : {fileCommands(application), recordCommands(),
+                                                windowCommands(application), helpCommands(application)}) {
+        std::ranges::move(menu, std::back_inserter(all));
+    }
+    return all;
+}
+
+}  // namespace marquill
