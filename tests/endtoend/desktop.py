@@ -1,0 +1,152 @@
+"""A display of its own (Xvfb, openbox) with Marquill on it, driven by real keys and clicks through xdotool."""
+import os
+import pathlib
+import plistlib
+import re
+import shutil
+import subprocess
+import tempfile
+import time
+
+
+class Desktop:
+    """Use as a context manager. Times are seconds since 1970, positions pixels from the top left corner."""
+
+    def __init__(self, program, width=1280, height=800, scale=None, theme=None, launch=True):
+        self.program = program
+        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="marquill-"))
+        self.settings = self.folder / "settings.plist"
+        self.launch = launch
+        self.size = (width, height)
+        self.scale = scale
+        self.theme = theme
+        self.processes = []
+        self.marquill = None
+
+    def __enter__(self):
+        reading, writing = os.pipe()
+        self._start(["Xvfb", "-displayfd", str(writing), "-screen", "0", "%dx%dx24" % self.size, "-nolisten", "tcp"],
+                    pass_fds=[writing])
+        os.close(writing)
+        with os.fdopen(reading) as display:
+            number = display.readline().strip()
+        if not number:
+            raise RuntimeError("Xvfb did not start")
+        self.environment = dict(os.environ, DISPLAY=":" + number, LC_ALL="C.UTF-8", QT_QPA_PLATFORM="xcb",
+                                HOME=str(self.folder), XDG_CONFIG_HOME=str(self.folder / "config"),
+                                XDG_RUNTIME_DIR=str(self.folder), NO_AT_BRIDGE="1")
+        self.environment.pop("QT_SCALE_FACTOR", None)
+        if self.scale:
+            self.environment["QT_SCALE_FACTOR"] = str(self.scale)
+        self._start(["openbox", "--sm-disable"], env=self.environment)
+        if self.launch:
+            self.start_marquill()
+        return self
+
+    def __exit__(self, *_):
+        for process in reversed(self.processes):
+            process.terminate()
+        for process in reversed(self.processes):
+            try:
+                process.wait(10)
+            except subprocess.TimeoutExpired:
+                process.kill()
+                process.wait()
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+    def _start(self, command, **options):
+        process = subprocess.Popen(command, stdout=subprocess.DEVNULL,
+                                   stderr=options.pop("stderr", subprocess.DEVNULL), **options)
+        self.processes.append(process)
+        return process
+
+    def start_marquill(self, *arguments):
+        command = [self.program, "--settings", str(self.settings), *arguments]
+        if self.theme:
+            command += ["--theme", self.theme]
+        self.marquill = self._start(command, env=self.environment, stderr=None)
+        self.window("Clip Manager")
+
+    def write_settings(self, settings):
+        self.settings.write_bytes(plistlib.dumps(settings))
+
+    def quit(self):
+        """Quits as the user does, and waits for the end."""
+        self.focus("Clip Manager")
+        self.key("ctrl+q")
+        marquill, self.marquill = self.marquill, None
+        if marquill.wait(20) != 0:
+            raise AssertionError(f"Marquill ended with {marquill.returncode}")
+
+    def xdotool(self, *arguments):
+        return subprocess.run(["xdotool", *map(str, arguments)], env=self.environment, check=True, text=True,
+                              capture_output=True).stdout.strip()
+
+    def window(self, name, seconds=20):
+        """The number of the visible window whose title holds `name`, waited for."""
+        return self.until(lambda: self._find(name), f"the window “{name}”", seconds)
+
+    def _find(self, name):
+        found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", name], env=self.environment, text=True,
+                               capture_output=True).stdout.split()
+        return found[0] if found else None
+
+    def is_shown(self, name):
+        return self._find(name) is not None
+
+    def until(self, condition, what, seconds=20):
+        """What `condition` returns as soon as it is true; fails after `seconds`."""
+        end = time.time() + seconds
+        while time.time() < end:
+            result = condition()
+            if result:
+                return result
+            if self.marquill and self.marquill.poll() is not None:
+                raise AssertionError(f"Marquill ended ({self.marquill.returncode}) while waiting for {what}")
+            time.sleep(0.05)
+        self.picture("/tmp/marquill-failure.png")
+        raise AssertionError(f"waited {seconds} s for {what}; see /tmp/marquill-failure.png")
+
+    def focus(self, name):
+        """Gives a window the keyboard; one that was just opened may not be the window manager's yet."""
+        command = ["xdotool", "windowactivate", "--sync", self.window(name)]
+        self.until(lambda: subprocess.run(command, env=self.environment, capture_output=True).returncode == 0,
+                   f"“{name}” to take the keyboard")
+
+    def key(self, *keys):
+        """Presses keys as xdotool names them, e.g. alt+3; returns the times just before and just after."""
+        before = time.time()
+        self.xdotool("key", "--delay", 1, *keys)
+        return before, time.time()
+
+    def type(self, text):
+        self.xdotool("type", "--delay", 5, text)
+
+    def place(self, name):
+        """x, y, width, height of a window's contents on the screen."""
+        text = subprocess.run(["xwininfo", "-id", self.window(name)], env=self.environment, check=True, text=True,
+                              capture_output=True).stdout
+        return [int(re.search(rf"{label}:\s+(-?\d+)", text)[1])
+                for label in ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height")]
+
+    def click(self, name, across, down, count=1):
+        """Clicks in a window at a share of its width and height; returns the times before and after."""
+        x, y, width, height = self.place(name)
+        self.xdotool("mousemove", "--sync", x + int(width * across), y + int(height * down))
+        before = time.time()
+        self.xdotool("click", "--repeat", count, "--delay", 60, 1)
+        return before, time.time()
+
+    def picture(self, path):
+        """A picture of the whole screen."""
+        subprocess.run(["import", "-silent", "-window", "root", str(path)], env=self.environment, check=False)
+
+    def picture_of(self, name, path):
+        """A picture of one window."""
+        subprocess.run(["import", "-silent", "-window", self.window(name), str(path)], env=self.environment,
+                       check=False)
+
+
+def read_placeholder(path):
+    with open(path, "rb") as file:
+        return plistlib.load(file)
