@@ -16,9 +16,9 @@ class WatchedFileSystem final : public FileSystem {
     int writes = 0;    ///< writes that were done whole
     qint64 bytes = 0;  ///< of them
     int syncs = 0;
-    int dieAfter = -1;                       ///< how many writes are done before all fails; -1: all of them
-    bool tears = false;                      ///< whether the first half of the deadly write is still done
-    std::function<void()> beforeWrite = {};  ///< called before the first write
+    int dieAfter = -1;                      ///< how many writes are done before all fails; -1: all of them
+    bool tears = false;                     ///< whether the first half of the deadly write is still done
+    std::function<void()> afterCheck = {};  ///< called once, after the first look at a path's attributes
 
     Result<std::unique_ptr<OpenFile>> open(const QString& path, OpenMode mode) override {
         auto file = system().open(path, mode);
@@ -28,7 +28,11 @@ class WatchedFileSystem final : public FileSystem {
         return std::make_unique<File>(*this, *std::move(file));
     }
     Result<FileAttributes> attributes(const QString& path, Links links) override {
-        return system().attributes(path, links);
+        Result<FileAttributes> attributes = system().attributes(path, links);
+        if (afterCheck) {
+            std::exchange(afterCheck, {})();
+        }
+        return attributes;
     }
     Result<QString> linkTarget(const QString& link) override { return system().linkTarget(link); }
     Result<QStringList> list(const QString& folder) override { return system().list(folder); }
@@ -51,9 +55,6 @@ class WatchedFileSystem final : public FileSystem {
             return _file->read(offset, buffer);
         }
         Result<void> write(qint64 offset, QByteArrayView bytes) override {
-            if (_owner.beforeWrite) {
-                std::exchange(_owner.beforeWrite, {})();
-            }
             if (_owner.writes == _owner.dieAfter) {
                 const bool tear = std::exchange(_owner.tears, false);
                 const Result<void> half =
