@@ -28,16 +28,20 @@ struct Place {
     qint64 size = 0;
 };
 
-/// A thousand movies with two tracks, a record of 2 kB and the header behind 200 kB of media.
+/// A thousand clips of 30 seconds with two tracks, reordered pictures, a record of 2 kB and the header behind
+/// 200 kB of media: headers of 10 kB.
 class Movies {
   public:
     Movies() {
         TrackPlan video;
-        video.times = {{.count = 250, .duration = 24}};
-        video.edits = {{.duration = 6000, .mediaTime = 0}};
+        video.times = {{.count = 750, .duration = 24}};
+        for (int index = 0; index < 750; ++index) {
+            video.offsets.push_back({.count = 1, .offset = 24 * (index % 3)});
+        }
+        video.edits = {{.duration = 18000, .mediaTime = 0}};
         const TrackPlan sound{.id = 2, .handler = "soun", .codec = "twos"};
         const MovieBuilder builder{
-            .duration = 6000, .tracks = {video, sound}, .userData = atom("KVXN", QByteArray(2000, 'k'))};
+            .duration = 18000, .tracks = {video, sound}, .userData = atom("KVXN", QByteArray(2000, 'k'))};
         const QByteArray file = builder.headerLast(atom("skip", QByteArray(200000, 's')));
         for (int index = 0; index < movieCount; ++index) {
             const QString path = _folder.filePath(u"%1.mov"_s.arg(index));

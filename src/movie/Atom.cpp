@@ -1,27 +1,27 @@
 #include "movie/Atom.h"
 
+#include <QtEndian>
+
 #include <algorithm>
 #include <limits>
 
 namespace marquill {
 
 Result<AtomHeader> readAtomHeader(QByteArrayView bytes, qint64 offset, qint64 end) {
-    AtomStream stream(bytes, offset);
-    quint32 shortSize = 0;
     AtomHeader header;
     header.offset = offset;
-    stream.transfer(shortSize);
-    stream.transfer(header.type);
+    const auto shortSize = bytes.size() < 8 ? quint32{0} : qFromBigEndian<quint32>(bytes.data());
     quint64 size = shortSize;
+    if (bytes.size() < (shortSize == 1 ? 16 : 8)) {
+        return failure(ErrorCode::endsEarly, u"The file ends within the header of an atom."_s, {}, offset);
+    }
+    header.type = FourCharCode(qFromBigEndian<quint32>(bytes.data() + 4));
     if (shortSize == 1) {
         header.headerSize = 16;
-        stream.transfer(size);
+        size = qFromBigEndian<quint64>(bytes.data() + 8);
     } else if (shortSize == 0) {
         header.reachesToEnd = true;
         size = static_cast<quint64>(end - offset);
-    }
-    if (const auto result = stream.result(); !result) {
-        return failure(ErrorCode::endsEarly, u"The file ends within the header of an atom."_s, {}, offset);
     }
     const auto largest = static_cast<quint64>(std::numeric_limits<qint64>::max() - offset);
     if (size < static_cast<quint64>(header.headerSize) || size > largest) {

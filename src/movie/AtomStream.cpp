@@ -8,25 +8,19 @@ void AtomStream::transfer(FourCharCode& code) {
     code = FourCharCode(value);
 }
 
-void AtomStream::transferUnsigned(quint64& value, int byteCount) {
+/// All but the plain reading of a number that is there.
+void AtomStream::transferOtherwise(quint64& value, int byteCount) {
     if (hasFailed()) {
         return;
     }
-    if (!_reads) {
-        for (int shift = 8 * (byteCount - 1); shift >= 0; shift -= 8) {
-            _written.append(static_cast<char>(value >> shift & 0xFF));
-        }
-        return;
-    }
-    if (remaining() < byteCount) {
+    if (_reads) {
         fail(ErrorCode::endsEarly,
              u"A field of %1 bytes is cut off after %2."_s.arg(byteCount).arg(remaining()));
         value = 0;
         return;
     }
-    value = 0;
-    for (int index = 0; index < byteCount; ++index) {
-        value = value << 8 | static_cast<quint8>(_source[_position++]);
+    for (int shift = 8 * (byteCount - 1); shift >= 0; shift -= 8) {
+        _written.append(static_cast<char>(value >> shift & 0xFF));
     }
 }
 

@@ -48,8 +48,18 @@ class AtomStream {
             transfer(value);
         }
     }
-    /// An unsigned number of `byteCount` bytes, 1 to 8; too large a number to write is malformed.
-    void transferUnsigned(quint64& value, int byteCount);
+    /// An unsigned number of `byteCount` bytes, 1 to 8.
+    void transferUnsigned(quint64& value, int byteCount) {
+        if (!_reads || _error || remaining() < byteCount) {
+            transferOtherwise(value, byteCount);
+            return;
+        }
+        value = 0;
+        for (int index = 0; index < byteCount; ++index) {
+            value = value << 8 | static_cast<quint8>(_source[_position + index]);
+        }
+        _position += byteCount;
+    }
     /// The same for a smaller type, as the 24-bit flags are.
     void transferUnsigned(quint32& value, int byteCount);
     void transferBytes(QByteArray& bytes, qint64 count);
@@ -87,6 +97,7 @@ class AtomStream {
     const QByteArray& written() const { return _written; }
 
   private:
+    void transferOtherwise(quint64& value, int byteCount);
     bool startList(quint64 count, qint64 elementSize, std::size_t listSize);
 
     QByteArrayView _source;

@@ -2,7 +2,19 @@
 
 namespace marquill {
 
-Result<QByteArrayView> ByteSource::upTo(qint64 offset, qint64 length, qint64 window) {
+namespace {
+
+/// What is left of a file is read at once when it is no more than that: mostly the header of one that ends
+/// with it.
+constexpr qint64 largestTail = 16384;
+
+qint64 windowSize(qint64 wanted, qint64 remaining) {
+    return remaining <= largestTail ? remaining : std::max(wanted, ByteSource::smallWindow);
+}
+
+}  // namespace
+
+Result<QByteArrayView> ByteSource::upTo(qint64 offset, qint64 length) {
     const qint64 available = std::min(length, _size - offset);
     if (offset < 0 || available <= 0) {
         return QByteArrayView();
@@ -11,7 +23,10 @@ Result<QByteArrayView> ByteSource::upTo(qint64 offset, qint64 length, qint64 win
     if (start >= 0 && start + available <= _window.size()) {
         return QByteArrayView(_window).sliced(start, available);
     }
-    _window.resize(std::min(std::max(available, window), _size - offset));
+    // The old bytes need not be kept while the window grows.
+    _window.truncate(0);
+    _window.reserve(largestTail);
+    _window.resize(std::min(windowSize(available, _size - offset), _size - offset));
     _windowOffset = offset;
     const Result<qint64> count =
         _file->read(offset, std::span(_window.data(), static_cast<std::size_t>(_window.size())));

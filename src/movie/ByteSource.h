@@ -17,8 +17,9 @@ class ByteSource {
 
     qint64 size() const { return _size; }
     /// The bytes from `offset`, `length` of them or fewer where the source ends; valid until the next call.
-    /// Reads of a file fetch at least `window` bytes, so that small ones next to each other cost one call.
-    Result<QByteArrayView> upTo(qint64 offset, qint64 length, qint64 window = smallWindow);
+    /// Reads of a file fetch at least `smallWindow` bytes, so that small ones next to each other cost one
+    /// call.
+    Result<QByteArrayView> upTo(qint64 offset, qint64 length);
     /// The same for exactly `length` bytes; endsEarly when fewer are there.
     Result<QByteArrayView> exactly(qint64 offset, qint64 length);
     /// The header of the atom at `offset`, in what ends at `end`.
@@ -35,8 +36,8 @@ class ByteSource {
     /// Where in the file the byte at `offset` comes from.
     qint64 fileOffset(qint64 offset) const { return _file ? offset : _fileOffset; }
 
-    /// A page: the cheapest read of a file.
-    static constexpr qint64 smallWindow = 4096;
+    /// Some atom headers' worth: enough to find the movie header, and little to copy in vain, in bytes.
+    static constexpr qint64 smallWindow = 512;
 
   private:
     OpenFile* _file = nullptr;

@@ -14,8 +14,9 @@ namespace marquill {
 namespace {
 
 constexpr FourCharCode movieType("moov");
-/// Small headers are fetched in one call; of larger ones mostly tables follow.
-constexpr qint64 headerWindow = 16384;
+/// Small headers are fetched in one call; of larger ones mostly tables follow, which are not read.
+constexpr qint64 smallHeader = 16384;
+constexpr qint64 firstOfLargeHeader = 2048;
 /// The largest list of user data that is read: 64 MiB.
 constexpr qint64 maximumUserData = qint64{64} << 20;
 
@@ -51,10 +52,9 @@ Result<void> MovieReader::read() {
     if (!moov) {
         return std::unexpected(moov.error());
     }
-    if (const Result<QByteArrayView> fetched =
-            _source.upTo(moov->offset, std::min(moov->size, headerWindow), headerWindow);
-        !fetched) {
-        return std::unexpected(fetched.error());
+    const qint64 fetched = std::min(moov->size, moov->size <= smallHeader ? smallHeader : firstOfLargeHeader);
+    if (const Result<QByteArrayView> bytes = _source.upTo(moov->offset, fetched); !bytes) {
+        return std::unexpected(bytes.error());
     }
     if (Result<void> header = readHeader(_source, *moov); !header) {
         return header;
@@ -281,6 +281,7 @@ Result<MovieFacts> readMovieFacts(OpenFile& file, const QString& path) {
         return fail(attributes.error());
     }
     MovieFacts facts;
+    facts.tracks.reserve(4);
     facts.path = path;
     facts.identity = FileIdentity::of(*attributes);
     ByteSource source(file, attributes->size);
