@@ -63,7 +63,7 @@ void TrackRunAtom::transfer(AtomStream& stream) {
     if (fields == 0) {
         return;
     }
-    stream.transferList(samples, sampleCount, 4 * std::popcount(fields),
+    stream.transferList(samples, sampleCount, qint64{4} * std::popcount(fields),
                         [flags = head.flags](TrackRunSample& sample, AtomStream& s) {
                             transferIf(s, flags & 0x100, sample.duration);
                             transferIf(s, flags & 0x200, sample.size);
