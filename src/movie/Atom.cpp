@@ -7,6 +7,16 @@
 
 namespace marquill {
 
+namespace {
+
+std::unexpected<Error> impossibleSize(const AtomHeader& header, quint64 size) {
+    return failure(ErrorCode::malformed,
+                   u"An atom of type '%1' has the impossible size %2."_s.arg(header.type.text()).arg(size),
+                   {}, header.offset);
+}
+
+}  // namespace
+
 Result<AtomHeader> readAtomHeader(QByteArrayView bytes, qint64 offset, qint64 end) {
     AtomHeader header;
     header.offset = offset;
@@ -24,11 +34,8 @@ Result<AtomHeader> readAtomHeader(QByteArrayView bytes, qint64 offset, qint64 en
         size = static_cast<quint64>(end - offset);
     }
     const auto largest = static_cast<quint64>(std::numeric_limits<qint64>::max() - offset);
-    if (size < static_cast<quint64>(header.headerSize) || size > largest) {
-        return failure(
-            ErrorCode::malformed,
-            u"An atom of type '%1' has the impossible size %2."_s.arg(header.type.text()).arg(size), {},
-            offset);
+    if (size < static_cast<quint64>(header.headerSize) || size > largest) [[unlikely]] {
+        return impossibleSize(header, size);
     }
     header.size = static_cast<qint64>(size);
     return header;
@@ -91,11 +98,10 @@ void AtomList::transfer(AtomStream& stream) {
         stream.transferRest(tail);
         return;
     }
-    QByteArray bytes;
-    stream.transferRest(bytes);
+    const QByteArrayView bytes = stream.takeRest();
     qint64 position = 0;
     while (position < bytes.size()) {
-        AtomStream one(QByteArrayView(bytes).sliced(position), position);
+        AtomStream one(bytes.sliced(position), position);
         RawAtom atom;
         one.transfer(atom);
         if (one.hasFailed()) {
@@ -104,7 +110,7 @@ void AtomList::transfer(AtomStream& stream) {
         position += one.position();
         atoms.push_back(std::move(atom));
     }
-    tail = bytes.sliced(position);
+    tail = bytes.sliced(position).toByteArray();
 }
 
 }  // namespace marquill

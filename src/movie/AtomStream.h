@@ -65,6 +65,12 @@ class AtomStream {
     void transferBytes(QByteArray& bytes, qint64 count);
     /// All that remains.
     void transferRest(QByteArray& bytes) { transferBytes(bytes, _reads ? remaining() : bytes.size()); }
+    /// When reading: all that remains, without a copy; as long-lived as what is read.
+    QByteArrayView takeRest() {
+        const QByteArrayView rest = _error ? QByteArrayView() : _source.sliced(_position);
+        _position += rest.size();
+        return rest;
+    }
     /// `count` elements of at least `elementSize` bytes each, carried by `each(element, stream)`; more than
     /// the remaining bytes can hold is malformed and allocates nothing.
     template <class T, class Each>
