@@ -5,6 +5,7 @@
 #include "application/GlobalKeys.h"
 #include "application/KeyboardShortcuts.h"
 #include "clipmanager/ClipManager.h"
+#include "folders/Preferences.h"
 #include "markers/MarkerButton.h"
 #include "markers/MarkerSetPopup.h"
 #include "markers/MarkerSets.h"
@@ -52,13 +53,16 @@ Application::Application(int& argc, char** argv, const Options& options)
     if (!_options.settingsFile.isEmpty()) {
         UserDefaults::useFile(_options.settingsFile);
     }
-    Theme::apply(*this, _options.theme);
 }
 
 Application::~Application() = default;
 
 void Application::finishLaunching() {
     registerWidgets();
+    Preferences::init();
+    if (_options.theme) {
+        Theme::apply(*this, *_options.theme);
+    }
     MarkerSets::init();
     static ClipManagerDestination destination;
     OfflineRecorder::init(destination);
@@ -181,6 +185,7 @@ void Application::cleanUp() {
     ClipManager::finish();
     MarkerSets::finish();
     OfflineRecorder::finish();
+    Preferences::finish();
     if (const Result<void> saved = UserDefaults::standard().save(); !saved) {
         qCWarning(logApplication).noquote() << saved.error().description();
     }

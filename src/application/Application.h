@@ -45,6 +45,7 @@ class Application : public QApplication {
     // Commands.
     void terminate();
     void hide();
+    void showPreferences();
     void showHideOfflineRecorderWindow();
     void showHideMarkerWindow();
     void showHideClipManagerWindow();

@@ -2,6 +2,7 @@
 #include "application/Application.h"
 #include "application/KeyboardShortcuts.h"
 #include "clipmanager/ClipManager.h"
+#include "folders/Preferences.h"
 #include "markers/MarkerSets.h"
 #include "platform/Log.h"
 #include "recording/OfflineRecorder.h"
@@ -55,6 +56,10 @@ QWidget* clipManagerWindow() {
 }
 
 }  // namespace
+
+void Application::showPreferences() {
+    Preferences::runDialog();
+}
 
 void Application::showHideClipManagerWindow() {
     showHide(clipManagerWindow());

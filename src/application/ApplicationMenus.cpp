@@ -28,6 +28,8 @@ std::vector<ActionDescription> fileCommands(Application& app) {
          u"Remove Folder from List"_s,
          {},
          [] { withClipManager(&ClipManager::removeFolderButton); }},
+        {u"showPreferences"_s, menu, u"Preferences…"_s, QKeySequence(Qt::CTRL | Qt::Key_Comma),
+         [&app] { app.showPreferences(); }, true},
         {u"hide"_s, menu, u"Hide Marquill"_s, QKeySequence(Qt::CTRL | Qt::Key_H), [&app] { app.hide(); },
          true},
         {u"terminate"_s, menu, u"Quit Marquill"_s, QKeySequence(Qt::CTRL | Qt::Key_Q),

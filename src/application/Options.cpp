@@ -16,7 +16,7 @@ constexpr int wrongUse = 2;
 OptionsResult parseOptions(int& argc, char** argv) {
     CLI::App parser("Marquill logs video shots while they are filmed.", "marquill");
     std::string settingsFile;
-    auto theme = Theme::Choice::followSystem;
+    std::optional<Theme::Choice> theme;
     bool exitAfterFirstPaint = false;
     const std::map<std::string, Theme::Choice> themes{{"system", Theme::Choice::followSystem},
                                                       {"dark", Theme::Choice::dark},

@@ -10,15 +10,15 @@
 namespace marquill {
 
 struct Options {
-    QString settingsFile;  ///< --settings FILE; empty: the user's own
-    Theme::Choice theme = Theme::Choice::followSystem;
-    bool exitAfterFirstPaint = false;  ///< for measuring how long a start takes
+    QString settingsFile;                     ///< --settings FILE; empty: the user's own
+    std::optional<Theme::Choice> theme = {};  ///< --theme NAME; nothing: the one in the preferences
+    bool exitAfterFirstPaint = false;         ///< for measuring how long a start takes
 };
 
 struct OptionsResult {
     Options options;
-    std::optional<int> exitStatus;  ///< set when the program is to end without a window: a subcommand has
-                                    ///< run, help was asked for (0), or the use was wrong (2)
+    std::optional<int> exitStatus = {};  ///< set when the program is to end without a window: a subcommand
+                                         ///< has run, help was asked for (0), or the use was wrong (2)
 };
 
 /// Reads the command line and runs the subcommand it names, if any. Help and errors are printed.
