@@ -64,5 +64,5 @@ int main(int argc, char** argv) {
     std::printf("%d key events, each waiting %d ms in the queue\n", events, busyMilliseconds);
     std::printf("key event to stored time, median:  %.3f ms\n", median(storedLag));
     std::printf("key event to handling, median:     %.3f ms\n", median(handledLag));
-    return 0;
+    return application.shouldTerminate() == Application::TerminateReply::now ? 0 : 1;
 }

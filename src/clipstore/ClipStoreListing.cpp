@@ -2,6 +2,7 @@
 #include "clipstore/ClipStore.h"
 #include "platform/Files.h"
 #include "platform/Log.h"
+#include "platform/Memory.h"
 
 #include <QThreadPool>
 
@@ -72,6 +73,7 @@ QStringList ClipStore::getClipsForFolder(const QString& folder) {
 }
 
 std::vector<ClipInfo> ClipStore::readClipInfoForFolder(const QString& folder) {
+    takeMemoryInLargeSteps();
     const QStringList names = getClipsForFolder(folder);
     FolderReading reading(folder, names);
     const qsizetype useful = names.size() / clipsPerThread;

@@ -276,7 +276,7 @@ Result<MovieFacts> readMovieFacts(OpenFile& file, const QString& path) {
         error.path = path;
         return std::unexpected(std::move(error));
     };
-    const Result<FileAttributes> attributes = file.attributes();
+    const Result<FileAttributes> attributes = file.attributesAtOpening();
     if (!attributes) {
         return fail(attributes.error());
     }

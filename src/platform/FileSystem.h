@@ -45,6 +45,8 @@ class OpenFile {
     virtual ~OpenFile() = default;
 
     virtual Result<FileAttributes> attributes() = 0;
+    /// What they were when it was opened; the system is not asked again.
+    virtual Result<FileAttributes> attributesAtOpening() { return attributes(); }
     /// Fills `buffer` from `offset`; the count is smaller only where the file ends.
     virtual Result<qint64> read(qint64 offset, std::span<char> buffer) = 0;
     /// Writes all of `bytes` at `offset`, or fails; a failed write may have written a part.

@@ -88,13 +88,15 @@ Result<FileAttributes> readAttributes(int folder, const char* name, int flags, c
 
 class PosixFile final : public OpenFile {
   public:
-    PosixFile(int descriptor, qint64 size, QString path)
-        : _descriptor(descriptor), _sizeAtOpening(size), _path(std::move(path)) {}
+    PosixFile(int descriptor, const FileAttributes& atOpening, QString path)
+        : _descriptor(descriptor), _atOpening(atOpening), _path(std::move(path)) {}
     ~PosixFile() override { close(_descriptor); }
 
     Result<FileAttributes> attributes() override {
         return readAttributes(_descriptor, "", AT_EMPTY_PATH, _path);
     }
+
+    Result<FileAttributes> attributesAtOpening() override { return _atOpening; }
 
     Result<qint64> read(qint64 offset, std::span<char> buffer) override {
         std::size_t done = 0;
@@ -108,7 +110,7 @@ class PosixFile final : public OpenFile {
             }
             done += static_cast<std::size_t>(count);
             // Elsewhere than at the end, a short count may be an interruption's.
-            if (count == 0 || offset + static_cast<qint64>(done) >= _sizeAtOpening) {
+            if (count == 0 || offset + static_cast<qint64>(done) >= _atOpening.size) {
                 break;
             }
         }
@@ -139,7 +141,7 @@ class PosixFile final : public OpenFile {
 
   private:
     int _descriptor;
-    qint64 _sizeAtOpening;
+    FileAttributes _atOpening;
     QString _path;
 };
 
@@ -157,16 +159,13 @@ int openFlags(OpenMode mode) {
     return always | O_RDWR | O_CREAT | O_EXCL;
 }
 
-/// The size of an open file; notAFile when it is no regular one.
-Result<qint64> regularSize(int descriptor, const QString& path) {
-    struct stat status = {};
-    if (fstat(descriptor, &status) != 0) {
-        return systemFailure(errno, path);
+/// What an open file is; notAFile when it is no regular one.
+Result<FileAttributes> regularFile(int descriptor, const QString& path) {
+    Result<FileAttributes> attributes = readAttributes(descriptor, "", AT_EMPTY_PATH, path);
+    if (attributes && attributes->type != FileType::regular) {
+        return systemFailure(attributes->type == FileType::folder ? EISDIR : ENXIO, path);
     }
-    if (!S_ISREG(status.st_mode)) {
-        return systemFailure(S_ISDIR(status.st_mode) ? EISDIR : ENXIO, path);
-    }
-    return status.st_size;
+    return attributes;
 }
 
 /// An open folder, closed when it goes.
@@ -258,12 +257,12 @@ Result<std::unique_ptr<OpenFile>> PosixFileSystem::open(const QString& path, Ope
     if (descriptor < 0) {
         return systemFailure(errno, path);
     }
-    const Result<qint64> size = regularSize(descriptor, path);
-    if (!size) {
+    const Result<FileAttributes> attributes = regularFile(descriptor, path);
+    if (!attributes) {
         close(descriptor);
-        return std::unexpected(size.error());
+        return std::unexpected(attributes.error());
     }
-    return std::make_unique<PosixFile>(descriptor, *size, path);
+    return std::make_unique<PosixFile>(descriptor, *attributes, path);
 }
 
 Result<FileAttributes> PosixFileSystem::attributes(const QString& path, Links links) {
