@@ -19,7 +19,7 @@ namespace marquill {
 struct ActionDescription {
     QString id;    ///< stable; the object name of its QAction, e.g. "showHideMarkerWindow"
     QString menu;  ///< the title of the menu it stands in
-    QString text;  ///< its title, where validateMenuItem sets no other
+    QString text;  ///< what it does; its title, where validateMenuItem sets no other
     QKeySequence shortcut;
     std::function<void()> run;
     bool lineAbove = false;

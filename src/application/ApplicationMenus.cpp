@@ -50,14 +50,14 @@ std::vector<ActionDescription> recordCommands() {
 std::vector<ActionDescription> windowCommands(Application& app) {
     const QString menu = u"&Window"_s;
     return {
-        {u"showHideClipManagerWindow"_s, menu, u"Show Clip Manager"_s, QKeySequence(Qt::CTRL | Qt::Key_1),
-         [&app] { app.showHideClipManagerWindow(); }},
-        {u"showHideOfflineRecorderWindow"_s, menu, u"Show Place Holder Clip Recorder Window"_s,
+        {u"showHideClipManagerWindow"_s, menu, u"Show or Hide Clip Manager"_s,
+         QKeySequence(Qt::CTRL | Qt::Key_1), [&app] { app.showHideClipManagerWindow(); }},
+        {u"showHideOfflineRecorderWindow"_s, menu, u"Show or Hide Place Holder Clip Recorder Window"_s,
          QKeySequence(Qt::CTRL | Qt::Key_2), [&app] { app.showHideOfflineRecorderWindow(); }},
-        {u"showHideMarkerWindow"_s, menu, u"Show Real Time Markers Window"_s,
+        {u"showHideMarkerWindow"_s, menu, u"Show or Hide Real Time Markers Window"_s,
          QKeySequence(Qt::CTRL | Qt::Key_3), [&app] { app.showHideMarkerWindow(); }},
-        {u"showKeyboardShortCuts"_s, menu, u"Show Keyboard Shortcuts"_s, QKeySequence(Qt::CTRL | Qt::Key_K),
-         [&app] { app.showKeyboardShortCuts(); }, true},
+        {u"showKeyboardShortCuts"_s, menu, u"Show or Hide Keyboard Shortcuts"_s,
+         QKeySequence(Qt::CTRL | Qt::Key_K), [&app] { app.showKeyboardShortCuts(); }, true},
     };
 }
 

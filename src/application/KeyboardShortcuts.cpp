@@ -2,7 +2,6 @@
 
 #include "application/ActionTable.h"
 
-#include <QAction>
 #include <QFormLayout>
 #include <QLabel>
 
@@ -31,7 +30,7 @@ std::vector<Shortcut> shortcuts(const ActionTable& actions) {
     for (const ActionDescription& description : actions.descriptions()) {
         const QString keys = description.shortcut.toString(QKeySequence::NativeText);
         if (!keys.isEmpty()) {
-            result.push_back({keys, actions.action(description.id)->text()});
+            result.push_back({keys, description.text});
         }
     }
     return result;

@@ -56,6 +56,7 @@ constexpr NamedColour namedColours[] = {
     {"accent"_L1, &ThemeColours::accent},
     {"accentPressed"_L1, &ThemeColours::accentPressed},
     {"accentText"_L1, &ThemeColours::accentText},
+    {"recording"_L1, &ThemeColours::recording},
 };
 
 QString styleSheet(const ThemeColours& colours) {

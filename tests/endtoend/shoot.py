@@ -43,12 +43,12 @@ def settings_for(folders, scale=1):
     records = [{"folderPath": str(folder), "folderName": folder.name} for folder in folders]
     return {
         "ClipManagerSettings": {"kRecordFolderArray": records, "kRecordFolderPath": str(folders[0]),
-                                "kWindPosX": 40.0, "kWindPosY": 60.0, "kWindWidth": 860.0, "kWindHeight": 640.0,
+                                "kWindPosX": 16.0, "kWindPosY": 40.0, "kWindWidth": 800.0, "kWindHeight": 640.0,
                                 "kWindVisible": True, "kWindExpanded": True},
         "kMarkerSets": {"kMarkerSetArray": [{"kMarkerSetTitle": "Fiction", "kMarkerArray": BUTTONS, "kMarkerID": 1}],
                         "kMarkerCurrSet": 1, "kWindowVisible": True},
-        "kMarkerWindowFrame": "930 60 284 340",
-        "kOfflineRecorderWindowFrame": "930 460 300 180",
+        "kMarkerWindowFrame": "840 40 284 340",
+        "kOfflineRecorderWindowFrame": "840 476 404 180",
         "kOfflineRecorder": {"kOfflineRecorderWindowVisible": True, "kOfflineRecorderClipName": "Ferry Dialogue",
                              "kOfflineRecorderSceneName": "14"},
     }
