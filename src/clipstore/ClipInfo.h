@@ -41,35 +41,43 @@ class ClipInfo {
     const Dictionary& record() const { return _record; }
 
     // Each is nothing when the record lacks it or holds another type.
-    std::optional<QString> clipName()
-        const;  ///< File name within its folder, with extension: "Interview#03.xml".
-    std::optional<QString> clipTake()
-        const;  ///< As the user typed it; "" or absent: the one in `clipName` counts.
-    std::optional<QString> clipScene() const;    ///< Scene name.
-    std::optional<qint64> clipRating() const;    ///< 0 to 5.
-    std::optional<QString> clipLabel() const;    ///< Shot title, from the label list.
-    std::optional<QString> clipComment() const;  ///< Free text.
-    std::optional<Array> clipMarkerArray()
-        const;  ///< Marker records; their in points count from the start of the clip.
-    std::optional<qint64> clipDuration() const;  ///< Whole seconds, truncated toward zero.
-    std::optional<qint64> clipOldDuration()
-        const;  ///< Seconds: what `clipDuration` was before media were connected.
-    std::optional<Date> clipRecordingStartTime()
-        const;  ///< When recording began; of a connected clip, when the media did.
-    std::optional<Date> clipOldRecordingStartTime()
-        const;  ///< The placeholder's own start, for when media are disconnected.
-    std::optional<Date> clipCreationDate() const;  ///< When the clip was made.
-    std::optional<QString> clipProxyType()
-        const;  ///< Kind of the connected media: "clipTypeQT", "clipTypeRedH", …
-    std::optional<QString> clipPath()
-        const;  ///< Full path of the connected media; its presence means connected.
-    std::optional<double> clipMarkerOffset()
-        const;  ///< Seconds: media start less the recording start of the placeholder.
-    std::optional<qint64> clipFileSize() const;  ///< Bytes; only read here.
-    std::optional<Array> clipFrameDrops()
-        const;  ///< Numbers of dropped frames; a capturing program writes them.
-    std::optional<Array> clipFrameCorrupts()
-        const;  ///< Numbers of frames dropped as corrupt; of the same origin.
+
+    /// File name within its folder, with extension: "Interview#03.xml".
+    std::optional<QString> clipName() const;
+    /// As the user typed it; "" or absent: the one in `clipName` counts.
+    std::optional<QString> clipTake() const;
+    /// Scene name.
+    std::optional<QString> clipScene() const;
+    /// 0 to 5.
+    std::optional<qint64> clipRating() const;
+    /// Shot title, from the label list.
+    std::optional<QString> clipLabel() const;
+    /// Free text.
+    std::optional<QString> clipComment() const;
+    /// Marker records; their in points count from the start of the clip.
+    std::optional<Array> clipMarkerArray() const;
+    /// Whole seconds, truncated toward zero.
+    std::optional<qint64> clipDuration() const;
+    /// Seconds: what `clipDuration` was before media were connected.
+    std::optional<qint64> clipOldDuration() const;
+    /// When recording began; of a connected clip, when the media did.
+    std::optional<Date> clipRecordingStartTime() const;
+    /// The placeholder's own start, for when media are disconnected.
+    std::optional<Date> clipOldRecordingStartTime() const;
+    /// When the clip was made.
+    std::optional<Date> clipCreationDate() const;
+    /// Kind of the connected media: "clipTypeQT", "clipTypeRedH", …
+    std::optional<QString> clipProxyType() const;
+    /// Full path of the connected media; its presence means connected.
+    std::optional<QString> clipPath() const;
+    /// Seconds: media start less the recording start of the placeholder.
+    std::optional<double> clipMarkerOffset() const;
+    /// Bytes; only read here.
+    std::optional<qint64> clipFileSize() const;
+    /// Numbers of dropped frames; a capturing program writes them.
+    std::optional<Array> clipFrameDrops() const;
+    /// Numbers of frames dropped as corrupt; of the same origin.
+    std::optional<Array> clipFrameCorrupts() const;
 
     // Nothing removes the key. Each returns false, and changes nothing, when the record is frozen.
     bool setClipName(const std::optional<QString>& value);

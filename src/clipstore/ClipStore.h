@@ -42,8 +42,7 @@ class ClipStore {
     /// an empty record, and a line in the log. `clipName` and `clipDuration` of a movie are its file's own.
     static std::optional<ClipInfo> infoForClip(const QString& path);
     /// The names of the clip files in `folder`, in the order the file system lists them: what ends in ".mov"
-    /// or
-    /// ".xml" and does not begin with "tmp_". Case counts; subfolders are not entered.
+    /// or ".xml" and does not begin with "tmp_". Case counts; subfolders are not entered.
     static QStringList getClipsForFolder(const QString& folder);
     /// The records of those clips, in that order; names without a record are left out.
     static std::vector<ClipInfo> readClipInfoForFolder(const QString& folder);

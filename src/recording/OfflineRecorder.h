@@ -83,8 +83,8 @@ class OfflineRecorder : public QObject {
     QIcon _recordNormalImage;
     QIcon _recordActiveImage;
     bool _isRecording = false;
-    std::optional<FolderRecord>
-        _recordingFolder;  // held while recording: choosing another does not move the take
+    // Held while recording: choosing another folder does not move the take.
+    std::optional<FolderRecord> _recordingFolder;
     Date _recordStartDate;
     Array _recordingMarkers;
     QMetaObject::Connection _markerConnection;
