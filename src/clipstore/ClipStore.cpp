@@ -18,20 +18,8 @@ constexpr int missingArgument = -1;
 constexpr int movieCannotBeOpened = -2;
 }  // namespace Status
 
-Result<Dictionary> readPlaceholder(const QString& path) {
-    const Result<QByteArray> bytes = readFile(path);
-    if (!bytes) {
-        return std::unexpected(bytes.error());
-    }
-    Result<Dictionary> record = readDictionary(*bytes);
-    if (!record) {
-        record.error().path = path;
-    }
-    return record;
-}
-
 ClipInfo infoForPlaceholder(const QString& path) {
-    const Result<Dictionary> record = readPlaceholder(path);
+    const Result<Dictionary> record = readDictionaryFile(path);
     if (!record) {
         qCWarning(logClipStore).noquote() << record.error().description();
         return {};
