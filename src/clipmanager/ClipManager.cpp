@@ -79,6 +79,10 @@ void ClipManager::init() {
     const std::optional<Value> saved = UserDefaults::standard().value(key::clipManagerSettings);
     const std::optional<Dictionary> settings = saved ? saved->dictionary() : std::nullopt;
     shared() = initWithSettings(settings.value_or(Dictionary()));
+    // What was posted while it was made found none yet.
+    if (shared()) {
+        shared()->recordingFolderChanged();
+    }
 }
 
 void ClipManager::finish() {
