@@ -21,26 +21,28 @@ constexpr auto supportAddress = "support@marquill.example"_L1;
 constexpr auto homePage = "https://marquill.example/"_L1;
 
 bool isVisible(const QWidget* window) {
-    return window && window->isVisible();
+    return window && window->isVisible() && !window->isMinimized();
 }
 
-// Hides a window, or shows it in front. The last window to be seen is minimised instead, since nothing else
-// would be left to bring the program back with.
+QWidget* clipManagerWindow() {
+    const ClipManager* clipManager = ClipManager::getClipManager();
+    return clipManager ? clipManager->window() : nullptr;
+}
+
+// Hides a window, or shows it in front. When none would be left to be seen, the main window is minimised, or
+// nothing would be there to bring the program back with: panels have no place in a task bar.
 void showHide(QWidget* window) {
     if (!window) {
         return;
     }
-    if (!window->isVisible() || window->isMinimized()) {
+    if (!isVisible(window)) {
         makeKeyAndOrderFront(*window);
         return;
     }
-    const QWidgetList all = QApplication::topLevelWidgets();
-    const auto others = std::ranges::count_if(
-        all, [window](const QWidget* other) { return other != window && other->isVisible(); });
-    if (others == 0) {
-        window->showMinimized();
-    } else {
-        window->hide();
+    window->hide();
+    QWidget* const main = clipManagerWindow();
+    if (main && std::ranges::none_of(QApplication::topLevelWidgets(), &QWidget::isVisible)) {
+        main->showMinimized();
     }
 }
 
@@ -48,11 +50,6 @@ void openAddress(const QUrl& address, const char* invalidText) {
     if (!address.isValid() || !QDesktopServices::openUrl(address)) {
         qCWarning(logApplication) << invalidText;
     }
-}
-
-QWidget* clipManagerWindow() {
-    const ClipManager* clipManager = ClipManager::getClipManager();
-    return clipManager ? clipManager->window() : nullptr;
 }
 
 }  // namespace
