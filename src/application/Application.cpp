@@ -220,16 +220,11 @@ bool Application::eventFilter(QObject* watched, QEvent* event) {
 
 // Panels cannot be minimised: they go with the main window and come back with it. A panel that records stays.
 void Application::clipManagerStateChanged() {
-    if (!ClipManager::getClipManager()->window()->isMinimized()) {
-        for (QWidget* panel : std::exchange(_hiddenPanels, {})) {
-            panel->show();
-        }
-        return;
-    }
+    const ClipManager* clipManager = ClipManager::getClipManager();
+    const bool isMinimised = clipManager && clipManager->window()->isMinimized();
     for (FloatingPanel* panel : {OfflineRecorder::window(), MarkerSets::window()}) {
-        if (panel && panel->isVisible() && !OfflineRecorder::isRecording()) {
-            panel->hide();
-            _hiddenPanels.append(panel);
+        if (panel && !(isMinimised && OfflineRecorder::isRecording())) {
+            panel->setHiddenWithMainWindow(isMinimised);
         }
     }
 }

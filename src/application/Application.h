@@ -73,7 +73,6 @@ class Application : public QApplication {
     std::unique_ptr<ActionTable> _actions;
     std::unique_ptr<KeyboardShortcuts> _keyboardShortcuts;
     QMenu _contextMenu;
-    QWidgetList _hiddenPanels;  // those that went with the minimised main window
     Options _options;
     bool _launched = false;
 };

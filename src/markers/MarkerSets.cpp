@@ -208,7 +208,7 @@ void MarkerSets::saveInto(Dictionary& settings) const {
     if (const std::optional<quint64> identity = current ? current->markerID() : std::nullopt) {
         settings.set(kMarkerCurrSet, *identity);
     }
-    settings.set(kWindowVisible, _markerPanel->isVisible());
+    settings.set(kWindowVisible, _markerPanel->isOpen());
     settings.set(kMarkerSetArray, _markerSetArray);
 }
 

@@ -18,6 +18,15 @@ void FloatingPanel::makeKeyAndOrderFront() {
     activateWindow();
 }
 
+void FloatingPanel::setHiddenWithMainWindow(bool hidden) {
+    if (hidden && isVisible()) {
+        hide();
+        _hiddenWithMainWindow = true;
+    } else if (!hidden && _hiddenWithMainWindow) {
+        show();
+    }
+}
+
 void FloatingPanel::focusField(QWidget& field) {
     if (auto* panel = qobject_cast<FloatingPanel*>(field.window())) {
         panel->acceptKeyboard(true);
@@ -39,6 +48,7 @@ void FloatingPanel::showEvent(QShowEvent* event) {
             child->installEventFilter(this);
         }
     }
+    _hiddenWithMainWindow = false;
     QWidget::showEvent(event);
 }
 

@@ -18,6 +18,11 @@ class FloatingPanel : public QWidget {
     /// Shows the panel in front and gives it the keyboard.
     void makeKeyAndOrderFront();
 
+    /// Hides an open panel while the main window is minimised, which a panel cannot be, and brings it back.
+    void setHiddenWithMainWindow(bool hidden);
+    /// Whether the user has the panel open: it is visible, or hidden only with the main window.
+    bool isOpen() const { return isVisible() || _hiddenWithMainWindow; }
+
     /// Gives `field` the focus, and the keyboard to the panel it is in, if it is in one.
     static void focusField(QWidget& field);
 
@@ -33,6 +38,8 @@ class FloatingPanel : public QWidget {
 
   private:
     void acceptKeyboard(bool accepts);
+
+    bool _hiddenWithMainWindow = false;
 };
 
 /// Shows any window in front with the keyboard, also one that is minimised.

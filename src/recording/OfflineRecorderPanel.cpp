@@ -95,7 +95,7 @@ void OfflineRecorder::restore() {
 
 void OfflineRecorder::save() const {
     saveWindowFrame(*_panel, frameName);
-    UserDefaults::standard().setValue(settingsKey, Dictionary{{visibleKey, _panel->isVisible()},
+    UserDefaults::standard().setValue(settingsKey, Dictionary{{visibleKey, _panel->isOpen()},
                                                               {clipNameKey, _defaultClipName->text()},
                                                               {sceneNameKey, _defaultSceneName->text()}});
 }
