@@ -62,7 +62,8 @@ std::optional<int> markerDigit(const QKeyEvent& event) {
         return std::nullopt;
     }
     const std::optional<int> digit = typedDigit(event);
-    return digit ? digit : digitRowDigit(event);
+    // With Shift, a key of the digit row that types no digit is another key.
+    return digit || event.modifiers().testFlag(Qt::ShiftModifier) ? digit : digitRowDigit(event);
 }
 
 }  // namespace marquill::GlobalKeys

@@ -70,6 +70,14 @@ class GlobalKeysTest : public QObject {
         const QKeyEvent zero = press(Qt::Key_Agrave, Qt::AltModifier, u"à"_s, false, keyCodeOf0);
         QCOMPARE(GlobalKeys::markerDigit(zero), std::optional(0));
     }
+
+    void shiftMakesOtherKeysOfTheDigitRow() {
+        const Qt::KeyboardModifiers both = Qt::AltModifier | Qt::ShiftModifier;
+        QVERIFY(!GlobalKeys::markerDigit(press(Qt::Key_Exclam, both, u"!"_s, false, keyCodeOf1)));
+        // On a French keyboard it makes the digit.
+        QCOMPARE(GlobalKeys::markerDigit(press(Qt::Key_1, both, u"1"_s, false, keyCodeOf1)),
+                 std::optional(1));
+    }
 #endif
 };
 
