@@ -15,8 +15,8 @@ QValidator::State RecordTextValidator::validate(QString& text, int&) const {
 }
 
 QValidator::State ClipNameValidator::validate(QString& text, int& position) const {
-    const bool isNamePart = !text.contains(u'/') && !text.contains(u'\n') && !text.contains(u'\r') &&
-                            text.toUtf8().size() <= mostBytesInClipName;
+    const bool isNamePart = !text.startsWith("tmp_"_L1) && !text.contains(u'/') && !text.contains(u'\n') &&
+                            !text.contains(u'\r') && text.toUtf8().size() <= mostBytesInClipName;
     return isNamePart ? RecordTextValidator::validate(text, position) : Invalid;
 }
 

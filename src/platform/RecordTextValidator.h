@@ -16,7 +16,8 @@ class RecordTextValidator : public QValidator {
 };
 
 /// Refuses also what cannot be part of a file name: "/", line ends, and more than 240 bytes of UTF-8, which
-/// leaves room for take and extension in the 255 bytes that file systems give a name.
+/// leaves room for take and extension in the 255 bytes that file systems give a name; and "tmp_" at the
+/// start, as no list of clips shows such a file.
 class ClipNameValidator : public RecordTextValidator {
     Q_OBJECT
 

@@ -30,6 +30,14 @@ class RecordTextValidatorTest : public QObject {
         }
     }
 
+    void whatNoListOfClipsShowsIsRefusedInNamesOnly() {
+        QVERIFY(accepts(RecordTextValidator(), u"tmp_"_s));
+        QVERIFY(!accepts(ClipNameValidator(), u"tmp_"_s));
+        QVERIFY(!accepts(ClipNameValidator(), u"tmp_x"_s));
+        QVERIFY(accepts(ClipNameValidator(), u"tmp"_s));
+        QVERIFY(accepts(ClipNameValidator(), u"a tmp_"_s));
+    }
+
     void whatNoFileNameHoldsIsRefusedInNamesOnly() {
         for (const QString& text :
              {u"Int/Ext"_s, u"../x"_s, u"a\nb"_s, QString(241, u'a'), QString(121, u'é')}) {
