@@ -9,4 +9,8 @@ namespace marquill::Utils {
 /// holds nothing, which no property list can; that is logged.
 Value deepCopy(const Value& plist);
 
+/// A deep copy in which every text and every key can be written to a file: what a property list cannot hold
+/// is replaced by U+FFFD.
+Value writableCopy(const Value& plist);
+
 }  // namespace marquill::Utils

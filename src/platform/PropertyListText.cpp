@@ -151,6 +151,19 @@ bool isPropertyListText(QStringView text) {
            std::ranges::none_of(text, [](QChar c) { return isForbidden(c.unicode()); });
 }
 
+QString propertyListText(const QString& text) {
+    QString result = text;
+    for (qsizetype at = 0; at < result.size(); ++at) {
+        const QStringView rest = QStringView(result).sliced(at);
+        if (rest.size() > 1 && rest[0].isHighSurrogate() && rest[1].isLowSurrogate()) {
+            ++at;
+        } else if (rest[0].isSurrogate() || isForbidden(rest[0].unicode())) {
+            result[at] = QChar::ReplacementCharacter;
+        }
+    }
+    return result;
+}
+
 std::optional<Value> integerFromText(std::string_view text) {
     text = trimmed(text);
     const bool negative = takeSign(text);

@@ -12,6 +12,9 @@ namespace marquill {
 /// reference (control characters but tab and line ends, unpaired surrogates, U+FFFE and U+FFFF).
 bool isPropertyListText(QStringView text);
 
+/// `text` with U+FFFD in place of each of those.
+QString propertyListText(const QString& text);
+
 /// A decimal or "0x" hexadecimal number with an optional sign, white space around it and behind the sign:
 /// -2^63 to 2^64-1. None when it is anything else.
 std::optional<Value> integerFromText(std::string_view text);

@@ -1,5 +1,6 @@
 // Deep copies of property-list values.
 #include "clipstore/Utils.h"
+#include "platform/PropertyListWriter.h"
 
 #include <QRegularExpression>
 #include <QTest>
@@ -24,6 +25,17 @@ class UtilsTest : public QObject {
         QVERIFY(!copiedInner.isSame(inner));
         QVERIFY(copiedInner.set(u"clipMarkerTitle"_s, u"Cut"_s));
         QCOMPARE(inner.string(u"clipMarkerTitle"), u"Action"_s);
+    }
+
+    void aWritableCopyReplacesOnlyWhatNoFileCanHold() {
+        const QString bad = u"a\x01"_s + QChar(0xD800) + u"b"_s + QChar(0xFFFE) + u"🎬"_s + QChar(0xDC00);
+        const QString good = u"a\uFFFD\uFFFDb\uFFFD🎬\uFFFD"_s;
+        const Dictionary original{{u"k\x02"_s, Array{bad, 1, Dictionary{{u"t"_s, bad}}}},
+                                  {u"text"_s, u"Übung\t日本"_s}};
+        const Dictionary expected{{u"k\uFFFD"_s, Array{good, 1, Dictionary{{u"t"_s, good}}}},
+                                  {u"text"_s, u"Übung\t日本"_s}};
+        QVERIFY(Utils::writableCopy(original) == Value(expected));
+        QVERIFY(writePropertyList(expected));
     }
 
     void whatIsNoPropertyListGivesNothing_data() {
