@@ -3,6 +3,7 @@
 #include "clipstore/ClipInfo.h"
 #include "clipstore/ClipStore.h"
 #include "clipstore/Notifications.h"
+#include "clipstore/Utils.h"
 #include "markers/Marker.h"
 #include "markers/MarkerSets.h"
 #include "platform/Clock.h"
@@ -27,6 +28,18 @@ std::unique_ptr<OfflineRecorder>& instance() {
 
 // A name that other programs keep taking would be tried for ever.
 constexpr int mostNamesTried = 1000;
+
+const QString untitled = u"Untitled"_s;
+
+// Creates the clip's file. Text that no file can hold costs its characters, not the take.
+Result<void> createClip(ClipInfo& clip, const QString& folder) {
+    Result<void> created = ClipStore::createProxyClip(clip, folder);
+    if (created || created.error().code != ErrorCode::malformed) {
+        return created;
+    }
+    clip = ClipInfo(Utils::writableCopy(clip.record()).dictionary().value_or(Dictionary()));
+    return ClipStore::createProxyClip(clip, folder);
+}
 
 void alertFolderNotSelected(QWidget* window) {
     Dialogs::current().alert(
@@ -125,9 +138,7 @@ void OfflineRecorder::stop() {
     disconnect(_markerConnection);
     MarkerSets::setMarkersEnabled(false);
     const QString folder = _recordingFolder->folderPath().value_or(QString());
-    const QString typedName = _defaultClipName->text();
-    const std::optional<ClipInfo> clip =
-        writeClip(folder, typedName.isEmpty() ? u"Untitled"_s : typedName, elapsed);
+    const std::optional<ClipInfo> clip = writeTake(folder, elapsed);
     _recordingFolder.reset();
     _isRecording = false;
     showRecordingState(false);
@@ -139,6 +150,17 @@ void OfflineRecorder::stop() {
     updateTakeNoUI();
 }
 
+// Writes the take under the name that was typed. One that the volume does not take, being too long for it or
+// holding a character that it forbids, does not cost the take.
+std::optional<ClipInfo> OfflineRecorder::writeTake(const QString& folder, double elapsed) const {
+    const QString typedName = _defaultClipName->text();
+    std::optional<ClipInfo> clip;
+    if (!typedName.isEmpty()) {
+        clip = writeClip(folder, typedName, elapsed);
+    }
+    return clip ? clip : writeClip(folder, untitled, elapsed);
+}
+
 // Writes the take under the next free name of `name`. A name that another program takes at the same moment is
 // left to it, and the next free one is taken.
 std::optional<ClipInfo> OfflineRecorder::writeClip(const QString& folder, const QString& name,
@@ -148,8 +170,8 @@ std::optional<ClipInfo> OfflineRecorder::writeClip(const QString& folder, const 
         if (!base) {
             return std::nullopt;
         }
-        const ClipInfo clip = newClip(base->name + u".xml"_s, folder, elapsed);
-        const Result<void> written = ClipStore::createProxyClip(clip, folder);
+        ClipInfo clip = newClip(base->name + u".xml"_s, folder, elapsed);
+        const Result<void> written = createClip(clip, folder);
         if (written) {
             return clip;
         }

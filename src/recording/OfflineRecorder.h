@@ -70,6 +70,7 @@ class OfflineRecorder : public QObject {
     void endEditing();
     std::optional<QString> existingFolderPath() const;
     ClipInfo newClip(const QString& clipName, const QString& folder, double elapsed) const;
+    std::optional<ClipInfo> writeTake(const QString& folder, double elapsed) const;
     std::optional<ClipInfo> writeClip(const QString& folder, const QString& name, double elapsed) const;
 
     RecordingDestination& _destination;

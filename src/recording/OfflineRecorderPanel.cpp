@@ -39,6 +39,15 @@ const QString sceneNameKey = u"kOfflineRecorderSceneName"_s;
 constexpr double switchFirstResponderDelay = 1.0;
 constexpr int displayInterval = 500;  // milliseconds
 
+// A saved text that the field would not let be typed is not put into it either.
+void restoreText(QLineEdit& field, const std::optional<QString>& saved) {
+    QString text = saved.value_or(field.text());
+    int position = 0;
+    if (field.validator()->validate(text, position) == QValidator::Acceptable) {
+        field.setText(text);
+    }
+}
+
 }  // namespace
 
 bool OfflineRecorder::loadPanel() {
@@ -86,8 +95,8 @@ void OfflineRecorder::wirePanel() {
 void OfflineRecorder::restore() {
     const std::optional<Value> saved = UserDefaults::standard().value(settingsKey);
     const Dictionary settings = saved ? saved->dictionary().value_or(Dictionary()) : Dictionary();
-    _defaultClipName->setText(settings.string(clipNameKey).value_or(_defaultClipName->text()));
-    _defaultSceneName->setText(settings.string(sceneNameKey).value_or(_defaultSceneName->text()));
+    restoreText(*_defaultClipName, settings.string(clipNameKey));
+    restoreText(*_defaultSceneName, settings.string(sceneNameKey));
     restoreWindowFrame(*_panel, frameName);
     _panel->setVisible(settings.boolean(visibleKey).value_or(true));
     updateTakeNoUI();
@@ -169,7 +178,9 @@ void OfflineRecorder::endEditing() {
 
 bool OfflineRecorder::keyDown(QKeyEvent& event) {
     const bool panelHasKeys = !_panel->focusWidget() || _panel->focusWidget() == _panel.get();
-    if (event.key() != Qt::Key_Tab || !panelHasKeys) {
+    // The toolkit has a key of its own for Tab with Shift.
+    const bool isTab = event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab;
+    if (!isTab || !panelHasKeys) {
         return false;
     }
     _defaultClipName->setFocus(Qt::TabFocusReason);

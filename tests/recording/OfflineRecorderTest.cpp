@@ -9,6 +9,7 @@
 #include "platform/DelayedCalls.h"
 #include "platform/FakeClock.h"
 #include "platform/FakeDialogs.h"
+#include "platform/FaultyFileSystem.h"
 #include "platform/Files.h"
 #include "platform/FloatingPanel.h"
 #include "platform/PropertyListReader.h"
@@ -219,6 +220,84 @@ class OfflineRecorderTest : public QObject {
         QVERIFY(OfflineRecorder::isRecording());
     }
 
+    void aFullOrReadOnlyVolumeIsToldAndTheRecorderGoesOn_data() {
+        QTest::addColumn<ErrorCode>("code");
+        QTest::newRow("full") << ErrorCode::noSpace;
+        QTest::newRow("read-only") << ErrorCode::readOnly;
+        QTest::newRow("no permission") << ErrorCode::permissionDenied;
+    }
+    void aFullOrReadOnlyVolumeIsToldAndTheRecorderGoesOn() {
+        QFETCH(const ErrorCode, code);
+        FaultyFileSystem faulty;
+        const InstalledFileSystem installed(faulty);
+        OfflineRecorder::startRecording();
+        faulty.failFrom(1, code);
+        OfflineRecorder::stopRecording();
+        QVERIFY(!OfflineRecorder::isRecording());
+        QCOMPARE(_dialogs->alerts.size(), 1);
+        QCOMPARE(_dialogs->alerts[0].title, u"Couldn't create Place Holder Clip"_s);
+        QVERIFY(QDir(_folder->path()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
+        faulty.reset();
+        OfflineRecorder::startRecording();
+        OfflineRecorder::stopRecording();
+        QVERIFY(fileExists(path(u"Clip#01.xml"_s)));
+    }
+
+    void theTakeFollowsItsFolderThatIsRenamed() {
+        const QString place = path(u"day 1"_s);
+        QVERIFY(QDir().mkdir(place));
+        _destination.folder = FolderRecord::forPath(place);
+        OfflineRecorder::startRecording();
+        QVERIFY(QFile::rename(place, path(u"day 2"_s)));
+        _destination.folder->setFolderPath(path(u"day 2"_s));
+        _destination.folder.reset();
+        OfflineRecorder::stopRecording();
+        QVERIFY(fileExists(path(u"day 2/Clip#01.xml"_s)));
+        QVERIFY(_dialogs->alerts.isEmpty());
+    }
+
+    void textThatNoFileCanHoldCostsItsCharactersAlone() {
+        // None of these can be typed.
+        field<QLineEdit>(u"_defaultClipName"_s)->setText(u"A\x01"_s);
+        field<QLineEdit>(u"_defaultSceneName"_s)->setText(u"12\x02"_s);
+        OfflineRecorder::startRecording();
+        fire(Dictionary{{u"clipMarkerTitle"_s, u"Go\x03"_s}}, dateByAdding(start, 2));
+        fire(Dictionary{{u"clipMarkerTitle"_s, u"Stay"_s}}, dateByAdding(start, 3));
+        OfflineRecorder::stopRecording();
+        const Dictionary clip = written(u"A\uFFFD#01.xml"_s);
+        QCOMPARE(clip.string(u"clipName"), u"A\uFFFD#01.xml"_s);
+        QCOMPARE(clip.string(u"clipScene"), u"12\uFFFD"_s);
+        const Array markers = clip.array(u"clipMarkerArray").value();
+        QCOMPARE(markers.at(0).dictionary()->string(u"clipMarkerTitle"), u"Go\uFFFD"_s);
+        QCOMPARE(markers.at(0).dictionary()->real(u"clipMarkerIn"), 2.0);
+        QCOMPARE(markers.at(1).dictionary()->string(u"clipMarkerTitle"), u"Stay"_s);
+        QVERIFY(_dialogs->alerts.isEmpty());
+    }
+
+    void aNameThatNoFileCanHaveCostsNoTake_data() {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("in another folder") << u"../x"_s;
+        QTest::newRow("too long") << QString(300, u'a');
+    }
+    void aNameThatNoFileCanHaveCostsNoTake() {
+        QFETCH(const QString, name);
+        field<QLineEdit>(u"_defaultClipName"_s)->setText(name);
+        OfflineRecorder::startRecording();
+        OfflineRecorder::stopRecording();
+        QVERIFY(fileExists(path(u"Untitled#01.xml"_s)));
+        QVERIFY(_dialogs->alerts.isEmpty());
+    }
+
+    void savedNamesThatCannotBeTypedAreNotRestored() {
+        OfflineRecorder::finish();
+        UserDefaults::standard().setValue(u"kOfflineRecorder"_s,
+                                          Dictionary{{u"kOfflineRecorderClipName"_s, u"Int/Ext"_s},
+                                                     {u"kOfflineRecorderSceneName"_s, u"Int/Ext"_s}});
+        OfflineRecorder::init(_destination);
+        QCOMPARE(field<QLineEdit>(u"_defaultClipName"_s)->text(), u"Clip"_s);
+        QCOMPARE(field<QLineEdit>(u"_defaultSceneName"_s)->text(), u"Int/Ext"_s);
+    }
+
     void theTakeNumberFollowsNameFolderAndTakes() {
         const auto* takeNo = field<QLabel>(u"_currentTakeNo"_s);
         QCOMPARE(takeNo->text(), u"1"_s);
@@ -308,6 +387,10 @@ class OfflineRecorderTest : public QObject {
         QKeyEvent letter(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier);
         QVERIFY(!OfflineRecorder::shared()->keyDown(letter));
         QVERIFY(!OfflineRecorder::shared()->keyDown(tab));
+        OfflineRecorder::shared()->deferredSwitchFirstResponder();
+        QKeyEvent tabWithShift(QEvent::KeyPress, Qt::Key_Backtab, Qt::ShiftModifier);
+        QVERIFY(OfflineRecorder::shared()->keyDown(tabWithShift));
+        QVERIFY(name->hasFocus());
     }
 
     void namesAndVisibilitySurviveARestart() {
