@@ -17,8 +17,9 @@ struct Options {
 
 struct OptionsResult {
     Options options;
-    std::optional<int> exitStatus = {};  ///< set when the program is to end without a window: a subcommand
-                                         ///< has run, help was asked for (0), or the use was wrong (2)
+    /// Set when the program is to end without a window: a subcommand has run, help was asked for (0), or the
+    /// use was wrong (2).
+    std::optional<int> exitStatus = {};
 };
 
 /// Reads the command line and runs the subcommand it names, if any. Help and errors are printed.
