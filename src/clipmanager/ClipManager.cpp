@@ -20,7 +20,6 @@
 #include <QToolBar>
 
 #include <array>
-#include <cmath>
 
 namespace marquill {
 
@@ -68,9 +67,8 @@ int columnWidth(const QHeaderView& header, int column) {
 
 // A number of the settings that can be a place on a screen.
 double coordinate(const Dictionary& settings, const QString& key, double otherwise) {
-    constexpr double farthest = 1e5;
     const double number = settings.real(key).value_or(otherwise);
-    return std::abs(number) <= farthest ? number : otherwise;
+    return isScreenCoordinate(number) ? number : otherwise;
 }
 
 }  // namespace

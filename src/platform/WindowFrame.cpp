@@ -7,6 +7,7 @@
 #include <QScreen>
 #include <QWidget>
 
+#include <algorithm>
 #include <cmath>
 
 namespace marquill {
@@ -35,20 +36,27 @@ bool canBeGrasped(const QRect& window) {
 
 }  // namespace
 
+bool isScreenCoordinate(double number) {
+    constexpr double farthest = 1e5;
+    return std::abs(number) <= farthest;
+}
+
+// Of the contents, without what the window system draws around them.
 WindowFrame windowFrame(const QWidget& window) {
-    const int bottom = window.y() + window.height();
-    return {double(window.x()), double(screenBottom() - bottom), double(window.width()),
-            double(window.height())};
+    const QRect contents = window.geometry();
+    return {double(contents.x()), double(screenBottom() - contents.y() - contents.height()),
+            double(contents.width()), double(contents.height())};
 }
 
 void setWindowFrame(QWidget& window, const WindowFrame& frame) {
-    const QSize size(qRound(frame.width), qRound(frame.height));
-    const QPoint topLeft(qRound(frame.x), screenBottom() - qRound(frame.y) - size.height());
-    window.resize(size);
-    const QRect wanted(topLeft, window.size());
+    const QSize size = QSize(qRound(frame.width), qRound(frame.height))
+                           .expandedTo(window.minimumSize())
+                           .boundedTo(window.maximumSize());
+    const QRect wanted(QPoint(qRound(frame.x), screenBottom() - qRound(frame.y) - size.height()), size);
     if (canBeGrasped(wanted)) {
-        window.move(topLeft);
+        window.setGeometry(wanted);
     } else {
+        window.resize(size);
         window.move(QGuiApplication::primaryScreen()->availableGeometry().topLeft());
     }
 }
@@ -67,8 +75,8 @@ bool restoreWindowFrame(QWidget& window, const QString& name) {
     }
     const WindowFrame frame{numbers[0].toDouble(), numbers[1].toDouble(), numbers[2].toDouble(),
                             numbers[3].toDouble()};
-    if (!(frame.width > 0) || !(frame.height > 0) ||
-        !std::isfinite(frame.x + frame.y + frame.width + frame.height)) {
+    const std::initializer_list<double> coordinates{frame.x, frame.y, frame.width, frame.height};
+    if (!(frame.width > 0) || !(frame.height > 0) || !std::ranges::all_of(coordinates, isScreenCoordinate)) {
         return false;
     }
     setWindowFrame(window, frame);

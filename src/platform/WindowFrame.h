@@ -22,6 +22,9 @@ struct WindowFrame {
     bool operator==(const WindowFrame&) const = default;
 };
 
+/// Whether `number` can be a place or a size on a screen: finite, and no farther than any screen reaches.
+bool isScreenCoordinate(double number);
+
 WindowFrame windowFrame(const QWidget& window);
 
 /// Moves and sizes the window. A frame that lies on no screen is moved onto the primary one; where the window
@@ -31,7 +34,8 @@ void setWindowFrame(QWidget& window, const WindowFrame& frame);
 /// Keeps the window's frame in the user defaults under `name`, as the text "x y width height".
 void saveWindowFrame(const QWidget& window, const QString& name);
 
-/// Gives the window the frame kept under `name`; false when there is none.
+/// Gives the window the frame kept under `name`; false, and nothing moved, when there is none or it is no
+/// place on any screen.
 bool restoreWindowFrame(QWidget& window, const QString& name);
 
 }  // namespace marquill

@@ -261,8 +261,7 @@ class ClipManagerTest : public QObject {
     void savedStateComesBack() {
         ClipManager::init();
         QMainWindow* window = ClipManager::getClipManager()->window();
-        window->move(60, 70);
-        window->resize(700, 420);
+        window->setGeometry(60, 70, 700, 420);
         window->hide();
         ClipManager::getClipManager()->folderList().setFolderArray({FolderRecord(record(u"b"_s))});
         ClipManager::getClipManager()->folderList().setRecordingFolder(
@@ -283,8 +282,7 @@ class ClipManagerTest : public QObject {
         ClipManager::init();
         window = ClipManager::getClipManager()->window();
         QVERIFY(!window->isVisible());
-        QCOMPARE(window->pos(), QPoint(60, 70));
-        QCOMPARE(window->size(), QSize(700, 420));
+        QCOMPARE(window->geometry(), QRect(60, 70, 700, 420));
         QCOMPARE(ClipManager::getClipManager()->recordFolder()->folderPath(), path(u"b"_s));
     }
 
