@@ -26,12 +26,22 @@ class Loader : public QUiLoader {
     QWidget* createWidget(const QString& className, QWidget* parent, const QString& name) override {
         const auto factory = factories().constFind(className);
         if (factory == factories().constEnd()) {
-            return QUiLoader::createWidget(className, parent, name);
+            QWidget* widget = QUiLoader::createWidget(className, parent, name);
+            if (!widget) {
+                _unknownClasses.append(className);
+            }
+            return widget;
         }
         QWidget* widget = (*factory)(parent);
         widget->setObjectName(name);
         return widget;
     }
+
+    /// Those that nobody registered: the loader leaves such a widget out and goes on.
+    const QStringList& unknownClasses() const { return _unknownClasses; }
+
+  private:
+    QStringList _unknownClasses;
 };
 
 }  // namespace
@@ -48,6 +58,12 @@ Result<std::unique_ptr<QWidget>> WindowDescription::load(const QString& name) {
     }
     Loader loader;
     std::unique_ptr<QWidget> window(loader.load(&file));
+    if (!loader.unknownClasses().isEmpty()) {
+        return failure(ErrorCode::malformed,
+                       u"the window description holds widgets of unknown classes: "_s +
+                           loader.unknownClasses().join(u", "_s),
+                       file.fileName());
+    }
     if (!window) {
         return failure(ErrorCode::malformed, loader.errorString(), file.fileName());
     }
