@@ -1,0 +1,130 @@
+// The toolkit's alerts and choosers, answered by a hand that comes by as soon as they are open.
+#include "platform/Dialogs.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+using namespace marquill;
+
+namespace {
+
+// Calls `answer` with the dialog once it is open.
+template <class Dialog>
+void whenOpen(std::function<void(Dialog&)> answer) {
+    auto* timer = new QTimer(qApp);
+    QObject::connect(timer, &QTimer::timeout, timer, [timer, answer = std::move(answer)] {
+        if (auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget())) {
+            timer->deleteLater();
+            answer(*dialog);
+        }
+    });
+    timer->start(1);
+}
+
+QStringList buttonTexts(const QMessageBox& box) {
+    QStringList texts;
+    for (const QAbstractButton* button : box.buttons()) {
+        texts.append(button->text());
+    }
+    return texts;
+}
+
+}  // namespace
+
+class DialogsTest : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void anAlertShowsItsTextsAsTheyAre() {
+        QString title;
+        QString text;
+        QStringList buttons;
+        whenOpen<QMessageBox>([&](QMessageBox& box) {
+            title = box.text();
+            text = box.informativeText();
+            buttons = buttonTexts(box);
+            box.defaultButton()->click();
+        });
+        const int pressed =
+            Dialogs::current().alert(nullptr, {.title = u"Error <1> & more"_s, .text = u"a < b & c > d"_s});
+        QCOMPARE(pressed, 0);
+        QVERIFY(title.contains(u"Error &lt;1&gt; &amp; more"_s));
+        QCOMPARE(text, u"a < b & c > d"_s);
+        QCOMPARE(buttons, QStringList{u"OK"_s});
+    }
+
+    void anAlertTellsTheButtonThatWasPressed_data() {
+        QTest::addColumn<int>("index");
+        QTest::newRow("first") << 0;
+        QTest::newRow("second") << 1;
+        QTest::newRow("third") << 2;
+    }
+    void anAlertTellsTheButtonThatWasPressed() {
+        QFETCH(const int, index);
+        QString defaultButton;
+        whenOpen<QMessageBox>([&](QMessageBox& box) {
+            defaultButton = box.defaultButton()->text();
+            for (QAbstractButton* button : box.buttons()) {
+                if (button->text() == QStringList({u"Keep"_s, u"Cancel"_s, u"Delete"_s})[index]) {
+                    button->click();
+                    return;
+                }
+            }
+        });
+        QCOMPARE(Dialogs::current().alert(nullptr, {.title = u"Delete?"_s,
+                                                    .text = u"Really?"_s,
+                                                    .buttons = {u"Keep"_s, u"Cancel"_s, u"Delete"_s}}),
+                 index);
+        QCOMPARE(defaultButton, u"Keep"_s);
+    }
+
+    void aChooserTakesSeveralFoldersAtOnce() {
+        const QTemporaryDir place;
+        QVERIFY(QDir(place.path()).mkdir(u"a"_s) && QDir(place.path()).mkdir(u"b"_s));
+        QString start;
+        bool several = true;
+        whenOpen<QFileDialog>([&](QFileDialog& chooser) {
+            start = chooser.directory().path();
+            for (const QAbstractItemView* list :
+                 chooser.findChildren<QAbstractItemView*>(QRegularExpression(u"^(listView|treeView)$"_s))) {
+                several = several && list->selectionMode() == QAbstractItemView::ExtendedSelection;
+            }
+            chooser.reject();
+        });
+        const FileChoice choice{.title = u"Add Folder"_s, .startFolder = place.path(), .suffixes = {}};
+        QVERIFY(Dialogs::current().chooseFolders(nullptr, choice).isEmpty());
+        QCOMPARE(start, place.path());
+        QVERIFY(several);
+        whenOpen<QFileDialog>([&](QFileDialog& chooser) {
+            chooser.selectFile(u"a"_s);
+            static_cast<QDialog&>(chooser).done(QDialog::Accepted);
+        });
+        QCOMPARE(Dialogs::current().chooseFolders(nullptr, choice), QStringList{place.filePath(u"a"_s)});
+    }
+
+    void installedDialogsAreUsedUntilTheyAreTakenAway() {
+        Dialogs& toolkit = Dialogs::current();
+        struct : Dialogs {
+            int alert(QWidget*, const Alert&) override { return 7; }
+            QStringList chooseFolders(QWidget*, const FileChoice&) override { return {}; }
+            QStringList chooseFiles(QWidget*, const FileChoice&) override { return {}; }
+            std::optional<QString> chooseFileToSave(QWidget*, const FileChoice&) override { return {}; }
+        } own;
+        Dialogs::install(&own);
+        QCOMPARE(&Dialogs::current(), &own);
+        QCOMPARE(Dialogs::current().alert(nullptr, {}), 7);
+        Dialogs::install(nullptr);
+        QCOMPARE(&Dialogs::current(), &toolkit);
+    }
+};
+
+QTEST_MAIN(DialogsTest)
+#include "DialogsTest.moc"
