@@ -6,14 +6,11 @@
 #include "application/KeyboardShortcuts.h"
 #include "clipmanager/ClipManager.h"
 #include "folders/Preferences.h"
-#include "markers/MarkerButton.h"
-#include "markers/MarkerSetPopup.h"
 #include "markers/MarkerSets.h"
 #include "platform/Dialogs.h"
 #include "platform/EventTime.h"
 #include "platform/Images.h"
 #include "platform/Log.h"
-#include "platform/TableView.h"
 #include "platform/UserDefaults.h"
 #include "platform/WindowDescription.h"
 #include "recording/OfflineRecorder.h"
@@ -58,7 +55,7 @@ Application::Application(int& argc, char** argv, const Options& options)
 Application::~Application() = default;
 
 void Application::finishLaunching() {
-    registerWidgets();
+    registerMainWindow();
     Preferences::init();
     if (_options.theme) {
         Theme::apply(*this, *_options.theme);
@@ -75,15 +72,12 @@ void Application::finishLaunching() {
     }
 }
 
-void Application::registerWidgets() {
+void Application::registerMainWindow() {
     WindowDescription::registerWidget(u"MainWindow"_s, [this](QWidget* parent) {
         auto* window = new MainWindow(parent);
         window->setApplication(this);
         return window;
     });
-    WindowDescription::registerWidget<MarkerButton>(u"MarkerButton"_s);
-    WindowDescription::registerWidget<MarkerSetPopup>(u"MarkerSetPopup"_s);
-    WindowDescription::registerWidget<TableView>(u"TableView"_s);
 }
 
 void Application::buildMenus() {

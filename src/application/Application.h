@@ -62,7 +62,7 @@ class Application : public QApplication {
   private:
     bool takesGlobalKey(const QKeyEvent& event) const;
     bool routeKeyDown(const QKeyEvent& event);
-    void registerWidgets();
+    void registerMainWindow();
     void buildMenus();
     void connectPanels();
     void cleanUp();
