@@ -141,10 +141,10 @@ bool Application::routeKeyDown(const QKeyEvent& event) {
     if (GlobalKeys::isEscape(event)) {
         // An Escape that stops no take is taken too: no window of the program closes by it.
         if (OfflineRecorder::isRecording()) {
-            OfflineRecorder::stopRecording();
+            OfflineRecorder::stopRecording(arrivalDate(event));
         }
     } else if (GlobalKeys::startsRecording(event) && !OfflineRecorder::isRecording()) {
-        OfflineRecorder::startRecording();
+        OfflineRecorder::startRecording(arrivalDate(event));
     } else if (const std::optional<int> digit = GlobalKeys::markerDigit(event)) {
         MarkerSets::processNumKey(*digit, arrivalDate(event));
     }

@@ -83,15 +83,15 @@ bool OfflineRecorder::isRecording() {
     return shared() && shared()->_isRecording;
 }
 
-void OfflineRecorder::startRecording() {
+void OfflineRecorder::startRecording(std::optional<Date> moment) {
     if (OfflineRecorder* recorder = shared()) {
-        recorder->start();
+        recorder->start(moment);
     }
 }
 
-void OfflineRecorder::stopRecording() {
+void OfflineRecorder::stopRecording(std::optional<Date> moment) {
     if (OfflineRecorder* recorder = shared()) {
-        recorder->stop();
+        recorder->stop(moment);
     }
 }
 
@@ -109,7 +109,7 @@ OfflineRecorder::OfflineRecorder(RecordingDestination& destination) : _destinati
 
 OfflineRecorder::~OfflineRecorder() = default;
 
-void OfflineRecorder::start() {
+void OfflineRecorder::start(std::optional<Date> moment) {
     if (_isRecording) {
         return;
     }
@@ -118,7 +118,7 @@ void OfflineRecorder::start() {
         return;
     }
     endEditing();
-    _recordStartDate = Clock::current().now();
+    _recordStartDate = moment.value_or(Clock::current().now());
     _recordingFolder = _destination.recordFolder();
     _recordingMarkers = Array();
     _markerConnection = connect(&Notifications::centre(), &Notifications::newMarkerIssued, this,
@@ -130,11 +130,11 @@ void OfflineRecorder::start() {
     showRecordingState(true);
 }
 
-void OfflineRecorder::stop() {
+void OfflineRecorder::stop(std::optional<Date> moment) {
     if (!_isRecording) {
         return;
     }
-    const double elapsed = secondsBetween(_recordStartDate, Clock::current().now());
+    const double elapsed = secondsBetween(_recordStartDate, moment.value_or(Clock::current().now()));
     disconnect(_markerConnection);
     MarkerSets::setMarkersEnabled(false);
     const QString folder = _recordingFolder->folderPath().value_or(QString());

@@ -35,8 +35,9 @@ class OfflineRecorder : public QObject {
     /// Saves the panel's state and destroys the recorder.
     static void finish();
     static bool isRecording();
-    static void startRecording();
-    static void stopRecording();
+    /// Both happen at `moment`, when the key was struck, however late its turn came; without one, now.
+    static void startRecording(std::optional<Date> moment = std::nullopt);
+    static void stopRecording(std::optional<Date> moment = std::nullopt);
     static FloatingPanel* window();
     static void processKeyDown(QKeyEvent& event);
     /// The recorder, or null.
@@ -44,8 +45,8 @@ class OfflineRecorder : public QObject {
 
     ~OfflineRecorder() override;
 
-    void start();
-    void stop();
+    void start(std::optional<Date> moment = std::nullopt);
+    void stop(std::optional<Date> moment = std::nullopt);
     void startStopButtonPressed();
     void clipNameEntered();
     void sceneNameEntered();

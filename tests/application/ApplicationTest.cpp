@@ -69,6 +69,11 @@ void pressControlSpace(QWidget& window) {
     press(window, Qt::Key_Space, Qt::ControlModifier, u" "_s);
 }
 
+quint64 monotonicMilliseconds() {
+    const auto sinceStart = std::chrono::steady_clock::now().time_since_epoch();
+    return static_cast<quint64>(std::chrono::duration_cast<std::chrono::milliseconds>(sinceStart).count());
+}
+
 QString title(const QString& id) {
     application().actions().validate();
     return application().actions().action(id)->text();
@@ -227,6 +232,24 @@ class ApplicationTest : public QObject {
         pressControlSpace(window);
         QVERIFY(OfflineRecorder::isRecording());
         QVERIFY(window.field->keys.isEmpty());
+    }
+
+    void aTakeStartsAndStopsWhenItsKeysAreStruck() {
+        QWidget& window = mainWindow();
+        const auto struckEarlier = [&window](int key, Qt::KeyboardModifiers modifiers, quint64 age) {
+            QKeyEvent event(QEvent::KeyPress, key, modifiers);
+            event.setTimestamp(monotonicMilliseconds() - age);
+            QCoreApplication::sendEvent(window.windowHandle(), &event);
+        };
+        const Date now = _clock->now();
+        struckEarlier(Qt::Key_Space, Qt::ControlModifier, 1900);
+        _clock->advance(10);
+        struckEarlier(Qt::Key_Escape, Qt::NoModifier, 4900);
+        const Dictionary clip = readDictionaryFile(path(u"Clip#01.xml"_s)).value();
+        const double late = secondsBetween(*clip.date(u"clipCreationDate"), now);
+        QVERIFY(late >= 1.9 && late <= 3.0);
+        // From 1.9 s before until 5.1 s after.
+        QCOMPARE(clip.integer(u"clipDuration"), 7);
     }
 
     void aGraveAccentStartsATakeAndIsTypedDuringOne() {
