@@ -191,19 +191,23 @@ void Application::terminate() {
     }
 }
 
+void Application::terminateLater() {
+    QMetaObject::invokeMethod(this, &Application::terminate, Qt::QueuedConnection);
+}
+
 bool Application::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
         case QEvent::Close:
             // Closing the main window is the user's way of quitting; hiding it is a command of its own.
             event->ignore();
-            terminate();
+            terminateLater();
             return true;
         case QEvent::WindowStateChange:
             clipManagerStateChanged();
             break;
         case QEvent::Paint:
             if (_options.exitAfterFirstPaint) {
-                QMetaObject::invokeMethod(this, &Application::terminate, Qt::QueuedConnection);
+                terminateLater();
             }
             break;
         default:

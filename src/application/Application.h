@@ -44,6 +44,8 @@ class Application : public QApplication {
 
     // Commands.
     void terminate();
+    /// Quits when the event in hand is through: its menu or window goes with the program.
+    void terminateLater();
     void hide();
     void showPreferences();
     void showHideOfflineRecorderWindow();

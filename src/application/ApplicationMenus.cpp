@@ -33,7 +33,7 @@ std::vector<ActionDescription> fileCommands(Application& app) {
         {u"hide"_s, menu, u"Hide Marquill"_s, QKeySequence(Qt::CTRL | Qt::Key_H), [&app] { app.hide(); },
          true},
         {u"terminate"_s, menu, u"Quit Marquill"_s, QKeySequence(Qt::CTRL | Qt::Key_Q),
-         [&app] { app.terminate(); }, true},
+         [&app] { app.terminateLater(); }, true},
     };
 }
 

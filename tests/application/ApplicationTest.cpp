@@ -162,9 +162,25 @@ class ApplicationTest : public QObject {
     void closingTheMainWindowDuringATakeAsksToo() {
         OfflineRecorder::startRecording();
         mainWindow().close();
+        QTRY_COMPARE(_dialogs->alerts.size(), 1);
         QVERIFY(mainWindow().isVisible());
         QVERIFY(OfflineRecorder::isRecording());
-        QCOMPARE(_dialogs->alerts.size(), 1);
+    }
+
+    void closingTheMainWindowQuits() {
+        mainWindow().windowHandle()->close();
+        QTRY_VERIFY(!ClipManager::getClipManager());
+        QVERIFY(!OfflineRecorder::shared());
+    }
+
+    void choosingQuitInTheMenuQuits() {
+        QMenu* menu = mainWindow().menuBar()->actions().first()->menu();
+        menu->popup(QPoint());
+        QTRY_COMPARE(QApplication::activePopupWidget(), menu);
+        const QRect place = menu->actionGeometry(application().actions().action(u"terminate"_s));
+        QTest::mouseClick(menu, Qt::LeftButton, {}, place.center());
+        QTRY_VERIFY(!ClipManager::getClipManager());
+        QVERIFY(!OfflineRecorder::shared());
     }
 
     void quittingSavesAndDropsTheParts() {

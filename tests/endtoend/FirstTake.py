@@ -35,6 +35,7 @@ def add_folder(desktop, folder):
 
 def first_take(desktop, folder):
     desktop.focus(CLIP_MANAGER)
+    focused = desktop.xdotool("getactivewindow")
     before = datetime.datetime.utcnow()
     started = desktop.key("ctrl+space")
     pause(desktop, 1.2)
@@ -42,6 +43,7 @@ def first_take(desktop, folder):
     pause(desktop, 0.7)
     zero = desktop.key("alt+0")
     clicked = desktop.click(MARKERS, *button(1))
+    check(desktop.xdotool("getactivewindow") == focused, "a click on a marker button takes the keyboard")
     pause(desktop, 1.5)
     stopped = desktop.key("Escape")
     path = folder / "Clip#01.xml"
