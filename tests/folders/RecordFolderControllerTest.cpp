@@ -1,110 +1,14 @@
-#include "clipstore/Notifications.h"
-#include "folders/RecordFolderController.h"
-#include "platform/DelayedCalls.h"
-#include "platform/FakeDialogs.h"
+// The record folder list: its rules, refusals, and what clicks and keys do in it.
+#include "folders/FolderList.h"
 #include "platform/FaultyFileSystem.h"
-#include "platform/FileBrowser.h"
-#include "platform/TableView.h"
 
-#include <QAbstractItemModelTester>
 #include <QContextMenuEvent>
 #include <QLineEdit>
-#include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QTest>
 
 using namespace marquill;
 
 namespace {
 
-class FakeFileBrowser : public FileBrowser {
-  public:
-    FakeFileBrowser() { install(this); }
-    FakeFileBrowser(const FakeFileBrowser&) = delete;
-    FakeFileBrowser& operator=(const FakeFileBrowser&) = delete;
-    ~FakeFileBrowser() override { install(nullptr); }
-
-    QStringList revealed;
-
-    void reveal(const QString& path) override { revealed.append(path); }
-};
-
-// A list over a table, with its doubles: three folders on disk, "a" the recording folder, nothing selected.
-struct List {
-    QTemporaryDir place;
-    FakeDialogs dialogs;
-    FakeFileBrowser browser;
-    QWidget window;
-    TableView table{&window};
-    RecordFolderController controller{table};
-    QAbstractItemModelTester tester{&controller.model(),
-                                    QAbstractItemModelTester::FailureReportingMode::QtTest};
-    FolderRecord a = onDisk(u"a"_s);
-    FolderRecord b = onDisk(u"b"_s);
-    FolderRecord c = onDisk(u"c"_s);
-    QSignalSpy selectionChanges{&Notifications::centre(), &Notifications::folderSelectionHasChanged};
-    QSignalSpy recordFolderChanges{&Notifications::centre(), &Notifications::recordFolderHasChanged};
-    QSignalSpy saves{&controller, &RecordFolderController::foldersChanged};
-
-    List() {
-        controller.setFolderArray({a, b, c});
-        controller.setRecordingFolder(a);
-        forget();
-    }
-
-    QString path(const QString& name) const { return place.filePath(name); }
-
-    FolderRecord onDisk(const QString& name) const {
-        QDir().mkpath(path(name));
-        return FolderRecord::forPath(path(name));
-    }
-
-    void forget() {
-        selectionChanges.clear();
-        recordFolderChanges.clear();
-        saves.clear();
-        dialogs.alerts.clear();
-    }
-
-    QStringList paths() const { return pathsOf(controller.folderArray()); }
-    QStringList selected() const { return pathsOf(controller.selectedFolderArray()); }
-
-    static QStringList pathsOf(const std::vector<FolderRecord>& folders) {
-        QStringList paths;
-        for (const FolderRecord& folder : folders) {
-            paths.append(folder.folderPath().value_or(QString()));
-        }
-        return paths;
-    }
-
-    bool isRecordingFolder(const FolderRecord& folder) const {
-        return controller.recordingFolder() && controller.recordingFolder()->isSame(folder);
-    }
-
-    void click(int row, RecordFolderModel::Column column) {
-        const QRect cell = table.visualRect(controller.model().index(row, column));
-        QTest::mouseClick(table.viewport(), Qt::LeftButton, Qt::NoModifier, cell.center());
-    }
-
-    void enterName(int row, const QString& name) {
-        controller.model().setData(controller.model().index(row, RecordFolderModel::folderName), name,
-                                   Qt::EditRole);
-        DelayedCalls::elapse(&controller, 0);
-    }
-
-    // The one alert shown, as title and text; its only button is "OK".
-    QStringList alert() const {
-        if (dialogs.alerts.size() != 1 || dialogs.alerts.first().buttons != QStringList(u"OK"_s)) {
-            return {u"%1 alerts"_s.arg(dialogs.alerts.size())};
-        }
-        return {dialogs.alerts.first().title, dialogs.alerts.first().text};
-    }
-};
-
-const QStringList noValidRecordingFolder = {u"No Valid Recording Folder"_s,
-                                            u"The selected folder does not exist or is offline and cannot be "
-                                            u"used for recording. Please select another "
-                                            "folder."_s};
 const QStringList recordingFolderBusy = {
     u"Recording Folder Busy"_s,
     u"The current recording folder is busy and cannot be changed now. Please stop recording and try again."_s};
@@ -498,68 +402,6 @@ class RecordFolderControllerTest : public QObject {
         QCOMPARE(list.paths(), QStringList({list.path(u"b"_s), list.path(u"a"_s)}));
         QCOMPARE(list.selectionChanges.size(), 1);
         QVERIFY(list.isRecordingFolder(list.a));
-    }
-
-    // Settings
-
-    void savedFoldersComeBackAsCopies() {
-        List list;
-        list.b.setBusyCount(1);
-        Dictionary settings;
-        list.controller.writeSettings(settings);
-        QCOMPARE(settings.string(u"kRecordFolderPath"), list.path(u"a"_s));
-        settings = settings.deepCopy();
-        settings.freeze();
-
-        List other;
-        other.controller.restoreFromSettings(settings);
-        QCOMPARE(other.paths(), list.paths());
-        QVERIFY(other.controller.recordingFolder());
-        QCOMPARE(other.controller.recordingFolder()->folderPath(), list.path(u"a"_s));
-        QCOMPARE(other.controller.folderArray()[1].busyCount(), 1);
-        QVERIFY(FolderRecord(other.controller.folderArray()[1]).setFolderName(u"mutable"_s));
-        QVERIFY(other.dialogs.alerts.isEmpty());
-    }
-
-    void savedWithoutARecordingFolderHasNoPath() {
-        List list;
-        list.controller.setRecordingFolder(std::nullopt);
-        Dictionary settings;
-        list.controller.writeSettings(settings);
-        QVERIFY(!settings.contains(u"kRecordFolderPath"));
-        QCOMPARE(settings.array(u"kRecordFolderArray")->size(), 3);
-    }
-
-    void savedRecordingFolderThatVanishedIsRefusedAtTheStart() {
-        List list;
-        Dictionary settings;
-        list.controller.writeSettings(settings);
-        QVERIFY(QDir().rmdir(list.path(u"a"_s)));
-        list.controller.setRecordingFolder(std::nullopt);
-        list.forget();
-        list.controller.restoreFromSettings(settings);
-        QCOMPARE(list.alert(), noValidRecordingFolder);
-        QVERIFY(!list.controller.recordingFolder());
-        QCOMPARE(list.paths().size(), 3);
-    }
-
-    void firstRecordOfThatPathBecomesTheRecordingFolder() {
-        List list;
-        const Dictionary twin = list.b.record();
-        list.controller.restoreFromSettings(
-            Dictionary{{u"kRecordFolderArray"_s, Array{twin, twin.deepCopy(), u"no record"_s}},
-                       {u"kRecordFolderPath"_s, list.path(u"b"_s)}});
-        QCOMPARE(list.paths().size(), 2);
-        QVERIFY(list.isRecordingFolder(list.controller.folderArray()[0]));
-        QVERIFY(!list.isRecordingFolder(list.b));
-    }
-
-    void pathWithoutAListRestoresNothing() {
-        List list;
-        list.controller.setRecordingFolder(std::nullopt);
-        list.controller.restoreFromSettings(Dictionary{{u"kRecordFolderPath"_s, list.path(u"b"_s)}});
-        QVERIFY(!list.controller.recordingFolder());
-        QCOMPARE(list.paths().size(), 3);
     }
 
     // Context menu
