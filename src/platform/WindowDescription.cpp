@@ -46,8 +46,8 @@ class Loader : public QUiLoader {
 
 }  // namespace
 
-void WindowDescription::registerWidget(const QString& className, Factory factory) {
-    factories().insert(className, std::move(factory));
+void WindowDescription::registerWidget(const QString& className, const Factory& factory) {
+    factories().insert(className, factory);
 }
 
 Result<std::unique_ptr<QWidget>> WindowDescription::load(const QString& name) {

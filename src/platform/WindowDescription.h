@@ -17,7 +17,7 @@ class WindowDescription {
     using Factory = std::function<QWidget*(QWidget* parent)>;
 
     /// Lets descriptions name the widget class `className`; a class nobody registered is an error on loading.
-    static void registerWidget(const QString& className, Factory factory);
+    static void registerWidget(const QString& className, const Factory& factory);
 
     template <class Widget>
     static void registerWidget(const QString& className) {
