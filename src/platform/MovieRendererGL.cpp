@@ -30,6 +30,10 @@ MovieRendererGL::MovieRendererGL(MoviePlayer& player, QWidget* parent)
 
 MovieRendererGL::~MovieRendererGL() {
     releaseContext();
+    // The context goes with the base class, when this is no renderer any more.
+    if (context()) {
+        disconnect(context(), nullptr, this, nullptr);
+    }
 }
 
 void MovieRendererGL::initializeGL() {
