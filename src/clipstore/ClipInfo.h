@@ -103,6 +103,8 @@ class ClipInfo {
     ClipInfo deepCopy() const { return ClipInfo(_record.deepCopy()); }
     /// Whether both are handles over the same record.
     bool isSame(const ClipInfo& other) const { return _record.isSame(other._record); }
+    /// Equal for handles over the same record, and for no others while any of them lives.
+    const void* identity() const { return _record.identity(); }
     /// Content.
     bool operator==(const ClipInfo& other) const = default;
 

@@ -46,6 +46,9 @@ class ClipStore {
     static QStringList getClipsForFolder(const QString& folder);
     /// The records of those clips, in that order; names without a record are left out.
     static std::vector<ClipInfo> readClipInfoForFolder(const QString& folder);
+    /// The records of the clips of these names in `folder`, in that order: a part of a large folder, for
+    /// lists that show what is read so far.
+    static std::vector<ClipInfo> readClipInfos(const QString& folder, const QStringList& names);
     /// The first of `clips` with exactly this `clipName`.
     static std::optional<ClipInfo> findClipInfoInArray(std::span<const ClipInfo> clips,
                                                        const QString& clipName);

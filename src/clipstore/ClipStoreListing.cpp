@@ -73,8 +73,11 @@ QStringList ClipStore::getClipsForFolder(const QString& folder) {
 }
 
 std::vector<ClipInfo> ClipStore::readClipInfoForFolder(const QString& folder) {
+    return readClipInfos(folder, getClipsForFolder(folder));
+}
+
+std::vector<ClipInfo> ClipStore::readClipInfos(const QString& folder, const QStringList& names) {
     takeMemoryInLargeSteps();
-    const QStringList names = getClipsForFolder(folder);
     FolderReading reading(folder, names);
     const qsizetype useful = names.size() / clipsPerThread;
     const auto helpers = static_cast<int>(std::min<qsizetype>(useful, QThread::idealThreadCount()) - 1);

@@ -323,6 +323,10 @@ bool Dictionary::isSame(const Dictionary& other) const {
     return _storage == other._storage;
 }
 
+const void* Dictionary::identity() const {
+    return _storage.data();
+}
+
 bool Dictionary::operator==(const Dictionary& other) const {
     return isSame(other) || std::ranges::equal(_storage->entries, other._storage->entries,
                                                [](const Entry& left, const Entry& right) {

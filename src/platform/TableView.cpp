@@ -18,7 +18,12 @@ void TableView::keyPressEvent(QKeyEvent* event) {
         return;
     }
     if (!isDelete && keyDown && event->text().size() == 1) {
+        event->ignore();
         keyDown(*event);
+        if (event->isAccepted()) {
+            return;
+        }
+        event->accept();
     }
     QTableView::keyPressEvent(event);
 }

@@ -18,7 +18,7 @@ class TableView : public QTableView {
 
     // What the controller answers to; each may be left unset.
     std::function<void()> deleteItem;         ///< Delete and Forward Delete; the key goes no further
-    std::function<void(QKeyEvent&)> keyDown;  ///< other keys of one character, before the table
+    std::function<void(QKeyEvent&)> keyDown;  ///< other keys of one character; accepted: goes no further
     std::function<QMenu*(const QContextMenuEvent&)> menuForEvent;  ///< the menu for a right click, or null
 
   protected:

@@ -172,6 +172,17 @@ class ClipStoreTest : public QObject {
         QCOMPARE(names.size(), 300);
     }
 
+    void aPartOfAFolderIsReadInTheOrderAsked() {
+        const ClipFolder folder;
+        for (const QString& name : {u"a.xml"_s, u"b.xml"_s, u"c.xml"_s}) {
+            folder.makePlaceholder(name, nameEntry(name.toUtf8()));
+        }
+        const std::vector<ClipInfo> clips = ClipStore::readClipInfos(folder.path(), {u"c.xml"_s, u"a.xml"_s});
+        QCOMPARE(clips.size(), std::size_t{2});
+        QCOMPARE(clips[0].clipName(), u"c.xml"_s);
+        QCOMPARE(clips[1].clipName(), u"a.xml"_s);
+    }
+
     void findsTheFirstOfExactlyThatName() {
         const std::vector<ClipInfo> clips{ClipInfo(), named(u"a#01.xml"_s), named(u"A#01.xml"_s),
                                           named(u"A#01.xml"_s)};

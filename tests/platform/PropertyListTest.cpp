@@ -38,6 +38,7 @@ void PropertyListTest::copiedHandleSharesTheRecord() {
     QVERIFY(record.set(u"a"_s, 2));
     QCOMPARE(other.integer(u"a"), 2);
     QVERIFY(other.isSame(record));
+    QCOMPARE(other.identity(), record.identity());
 }
 
 void PropertyListTest::deepCopyPartsTheRecordAllTheWayDown() {
@@ -48,6 +49,7 @@ void PropertyListTest::deepCopyPartsTheRecordAllTheWayDown() {
     QCOMPARE(record.array(u"list")->at(0).dictionary()->integer(u"x"), 2);
     QCOMPARE(copy.array(u"list")->at(0).dictionary()->integer(u"x"), 1);
     QVERIFY(!copy.isSame(record));
+    QVERIFY(copy.identity() != record.identity());
 }
 
 void PropertyListTest::copyPartsTheTopLevelOnly() {

@@ -79,6 +79,12 @@ class TableViewTest : public QObject {
         QCOMPARE(_table->currentIndex().row(), 2);  // the table's own search by typing
     }
 
+    void acceptedKeyGoesNoFurther() {
+        _table->keyDown = [](QKeyEvent& event) { event.accept(); };
+        QTest::keyClick(_table, Qt::Key_C, Qt::NoModifier);
+        QCOMPARE(_table->currentIndex().row(), 0);
+    }
+
     void keysOfNoneOrSeveralCharactersGoToTheTableOnly() {
         int keys = 0;
         _table->keyDown = [&keys](QKeyEvent&) { ++keys; };
