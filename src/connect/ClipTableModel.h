@@ -1,0 +1,132 @@
+// The rows and texts of the clip table. It asks no user and changes no file: edits are passed on as a signal.
+// Showing a clip completes its record as the table's columns say: creation date, file size and take. Owned by
+// ClipTableController. Main thread.
+#pragma once
+
+#include "connect/ClipFileFacts.h"
+
+#include <QAbstractTableModel>
+#include <QHash>
+
+#include <optional>
+#include <vector>
+
+namespace marquill {
+
+/// What the "icon" column tells of a clip, in the order it is sorted by.
+enum class ClipStatus {
+    movie,
+    qtConnected,
+    redConnected,
+    p2Connected,
+    qtNotFound,
+    redNotFound,
+    p2NotFound,
+    notConnected
+};
+
+class ClipTableModel : public QAbstractTableModel {
+    Q_OBJECT
+
+  public:
+    enum Column {
+        number,
+        icon,
+        clip,
+        file,
+        duration,
+        creationdate,
+        filesize,
+        rating,
+        label,
+        comment,
+        scene,
+        take,
+        columnCountOfTable
+    };
+
+    explicit ClipTableModel(QObject* parent = nullptr);
+
+    /// The name that the settings know a column by: that of its enumerator.
+    static QString identifier(int column);
+    /// The column of that name, or -1.
+    static int columnOfIdentifier(const QString& identifier);
+
+    /// The records in the order of the rows.
+    const std::vector<ClipInfo>& clips() const { return _clips; }
+    const ClipInfo& clipAt(int row) const { return _clips[static_cast<std::size_t>(row)]; }
+    const std::optional<QString>& folder() const { return _folder; }
+    /// The row of the record (by identity), or -1.
+    int rowOfClip(const ClipInfo& clip) const;
+    /// The row of the clip with that `clipName`, or -1.
+    int rowOfName(const QString& clipName) const;
+
+    /// Replaces all rows; `folder` is the path of the record folder they are in.
+    void setClips(std::vector<ClipInfo> clips, std::optional<QString> folder);
+    /// The shown folder was given another path; its clips are the same.
+    void setFolder(const QString& folder);
+    /// Adds rows at the end. `facts`, if there are any, are what askFiles() has answered for each of them.
+    void append(const std::vector<ClipInfo>& clips, const std::vector<ClipFileFacts>& facts = {});
+    /// Removes rows, given in ascending order.
+    void removeRowsAt(const std::vector<int>& rows);
+    /// Sorts the rows stably by what the column shows, as people count: take 2 before take 10. The column
+    /// "number" brings back the order in which the clips came.
+    void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
+
+    /// Shows a record anew, its files asked again.
+    void clipChanged(const ClipInfo& clip);
+    /// Shows all records anew, their files asked again when they are next shown.
+    void reload();
+    /// What the files of a clip are now; shows it when it has changed.
+    void setFacts(const ClipInfo& clip, const ClipFileFacts& facts);
+    /// The label menu's items.
+    void setLabels(const QStringList& labels);
+    const QStringList& labels() const { return _labels; }
+
+    ClipStatus status(int row) const;
+    /// What is known of the files of a row's clip; asks for it when nothing is.
+    const ClipFileFacts& facts(int row) const;
+    QString text(int row, int column) const;
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    /// Under Qt::EditRole: the value to edit; of "rating" the number, of "label" the menu index or -1.
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+    /// Passes the edit on; false, as the table's owner decides what comes of it.
+    bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+
+  Q_SIGNALS:
+    /// A value was entered: a text, of "rating" a number that may have a fraction, of "label" a menu index.
+    void valueEntered(const QVariant& value, int column, int row);
+
+  private:
+    /// What is known of a row beside its record.
+    struct Row {
+        ClipFileFacts facts;
+        bool isKnown = false;  ///< the facts were asked for
+        quint32 arrival = 0;   ///< in what order the clips came
+    };
+
+    static bool isEditable(int column);
+    QVariant decoration(int row, int column) const;
+    QVariant editValue(int row, int column) const;
+    QString toolTip(int row, int column) const;
+    QString creationDateText(int row) const;
+    QString fileSizeText(int row) const;
+    QString fileText(const ClipInfo& clip) const;
+    std::vector<int> sortedRows(int column, Qt::SortOrder order) const;
+    void applyOrder(const std::vector<int>& rows);
+    void rowsChanged(int first, int last);
+    void forgetRows();
+
+    std::vector<ClipInfo> _clips;
+    mutable std::vector<Row> _rows;                // by row
+    mutable QHash<const void*, int> _rowsOfClips;  // by identity; empty until asked for
+    std::optional<QString> _folder;
+    QStringList _labels;
+    quint32 _arrivals = 0;
+};
+
+}  // namespace marquill
