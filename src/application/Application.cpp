@@ -5,6 +5,7 @@
 #include "application/GlobalKeys.h"
 #include "application/KeyboardShortcuts.h"
 #include "clipmanager/ClipManager.h"
+#include "clipstore/Notifications.h"
 #include "folders/Preferences.h"
 #include "markers/MarkerSets.h"
 #include "platform/Dialogs.h"
@@ -88,8 +89,18 @@ void Application::buildMenus() {
     }
     _actions->addActions(u"&Window"_s, _contextMenu);
     _actions->validate();
+    connectValidation();
     _keyboardShortcuts = std::make_unique<KeyboardShortcuts>(*_actions);
     _keyboardShortcuts->setApplication(this);
+}
+
+// A shortcut runs only what is enabled, whether or not its menu has been opened.
+void Application::connectValidation() {
+    const auto validate = [this] { _actions->validate(); };
+    connect(&Notifications::centre(), &Notifications::clipSelectionHasChanged, _actions.get(), validate);
+    if (ClipManager* clipManager = ClipManager::getClipManager()) {
+        connect(&clipManager->undoManager(), &UndoManager::changed, _actions.get(), validate);
+    }
 }
 
 // Panels stay above the main window, and where nothing is saved yet, beside it.

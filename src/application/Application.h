@@ -66,6 +66,7 @@ class Application : public QApplication {
     bool routeKeyDown(const QKeyEvent& event);
     void registerMainWindow();
     void buildMenus();
+    void connectValidation();
     void connectPanels();
     void cleanUp();
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -129,6 +129,8 @@ void Application::validateMenuItem(QAction& action) {
         action.setEnabled(!recording);
     } else if (id == "stopRecording"_L1) {
         action.setEnabled(recording);
+    } else if (ClipManager* clipManager = ClipManager::getClipManager()) {
+        clipManager->validateMenuItem(action);
     }
 }
 

@@ -3,6 +3,7 @@
 #include "application/Application.h"
 #include "application/GlobalKeys.h"
 #include "clipmanager/ClipManager.h"
+#include "connect/ClipTableController.h"
 #include "recording/OfflineRecorder.h"
 
 #include <algorithm>
@@ -34,6 +35,53 @@ std::vector<ActionDescription> fileCommands(Application& app) {
          true},
         {u"terminate"_s, menu, u"Quit Marquill"_s, QKeySequence(Qt::CTRL | Qt::Key_Q),
          [&app] { app.terminateLater(); }, true},
+    };
+}
+
+void withClipTable(void (ClipTableController::*command)()) {
+    if (ClipManager* clipManager = ClipManager::getClipManager()) {
+        (clipManager->clipTable().*command)();
+    }
+}
+
+void withUndoManager(void (UndoManager::*command)()) {
+    if (ClipManager* clipManager = ClipManager::getClipManager()) {
+        (clipManager->undoManager().*command)();
+    }
+}
+
+std::vector<ActionDescription> editCommands() {
+    const QString menu = u"&Edit"_s;
+    return {
+        {u"undo"_s, menu, u"Undo"_s, QKeySequence(Qt::CTRL | Qt::Key_Z),
+         [] { withUndoManager(&UndoManager::undo); }},
+        {u"redo"_s, menu, u"Redo"_s, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z),
+         [] { withUndoManager(&UndoManager::redo); }},
+    };
+}
+
+std::vector<ActionDescription> clipCommands() {
+    const QString menu = u"&Clip"_s;
+    return {
+        {u"openClipInViewer"_s, menu, u"Open in Viewer"_s, QKeySequence(Qt::CTRL | Qt::Key_Return),
+         [] { withClipTable(&ClipTableController::openClipInViewer); }},
+        {u"openClipInQTPlayer"_s, menu, u"Open in Default Player"_s,
+         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Return),
+         [] { withClipTable(&ClipTableController::openClipInQTPlayer); }},
+        {u"showClipInFinder"_s, menu, u"Show in File Browser"_s, QKeySequence(Qt::CTRL | Qt::Key_R),
+         [] { withClipTable(&ClipTableController::showClipInFinder); }},
+        {u"renameSelected"_s,
+         menu,
+         u"Rename Clip"_s,
+         {},
+         [] { withClipTable(&ClipTableController::renameSelected); },
+         true},
+        {u"deleteItem"_s, menu, u"Delete Clips"_s, QKeySequence(Qt::CTRL | Qt::Key_Backspace),
+         [] { withClipTable(&ClipTableController::deleteItem); }},
+        {u"selectNextClip"_s, menu, u"Select Next Clip"_s, QKeySequence(Qt::CTRL | Qt::Key_Down),
+         [] { withClipTable(&ClipTableController::selectNextClip); }, true},
+        {u"selectPrevClip"_s, menu, u"Select Previous Clip"_s, QKeySequence(Qt::CTRL | Qt::Key_Up),
+         [] { withClipTable(&ClipTableController::selectPrevClip); }},
     };
 }
 
@@ -80,8 +128,9 @@ std::vector<ActionDescription> helpCommands(Application& app) {
 
 std::vector<ActionDescription> actionDescriptions(Application& application) {
     std::vector<ActionDescription> all;
-    for (std::vector<ActionDescription> menu : {fileCommands(application), recordCommands(),
-                                                windowCommands(application), helpCommands(application)}) {
+    for (std::vector<ActionDescription> menu :
+         {fileCommands(application), editCommands(), clipCommands(), recordCommands(),
+          windowCommands(application), helpCommands(application)}) {
         std::ranges::move(menu, std::back_inserter(all));
     }
     return all;

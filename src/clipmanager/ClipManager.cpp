@@ -1,6 +1,7 @@
 #include "clipmanager/ClipManager.h"
 
 #include "clipstore/Notifications.h"
+#include "connect/ClipTableController.h"
 #include "folders/RecordFolderController.h"
 #include "platform/ElidingLabel.h"
 #include "platform/EmptyHint.h"
@@ -8,14 +9,13 @@
 #include "platform/Images.h"
 #include "platform/Log.h"
 #include "platform/TableView.h"
-#include "platform/Theme.h"
 #include "platform/UserDefaults.h"
 #include "platform/WindowDescription.h"
 #include "platform/WindowFrame.h"
 
 #include <QAction>
-#include <QHeaderView>
 #include <QMainWindow>
+#include <QProgressBar>
 #include <QSplitter>
 #include <QToolBar>
 
@@ -50,19 +50,12 @@ constexpr std::array toolbarItems = {
     ToolbarItem{u"AddFolder", u"Add Folder", u"Add recording folder", &ClipManager::addFolderButton},
     ToolbarItem{u"RemoveFolder", u"Remove Folder", u"Remove recording folder",
                 &ClipManager::removeFolderButton},
+    ToolbarItem{u"DeleteClips", u"Delete Clips", u"Delete clips", &ClipManager::deleteClipsButton},
 };
 
 std::unique_ptr<ClipManager>& shared() {
     static std::unique_ptr<ClipManager> manager;
     return manager;
-}
-
-// Room for the title or a usual text, and for the padding and the arrow of the header.
-int columnWidth(const QHeaderView& header, int column) {
-    constexpr int padding = 5 * Theme::grid;
-    const bool isWide = column == PlainClipModel::scene || column == PlainClipModel::duration;
-    const QString title = header.model()->headerData(column, Qt::Horizontal).toString();
-    return header.fontMetrics().horizontalAdvance(isWide ? u"00:00:00"_s : title) + padding;
 }
 
 // A number of the settings that can be a place on a screen.
@@ -129,7 +122,9 @@ Result<void> ClipManager::loadWindow() {
     outlets.connect(_recordFolderTable, u"_recordFolderTable"_s);
     outlets.connect(_clipTable, u"_clipTable"_s);
     outlets.connect(_folderSplitView, u"_folderSplitView"_s);
+    outlets.connect(_clipCount, u"_clipCount"_s);
     outlets.connect(_selectedFolderPath, u"_selectedFolderPath"_s);
+    outlets.connect(_progressInd, u"_progressInd"_s);
     return outlets.check();
 }
 
@@ -154,18 +149,22 @@ void ClipManager::buildToolbar() {
     }
     _removeFolderItem = toolbar->actions().at(1);
     _removeFolderItem->setEnabled(false);
+    _deleteClipButton = toolbar->actions().at(2);
+    _deleteClipButton->setEnabled(false);
 }
 
 void ClipManager::setUpClipTable() {
-    _clipTable->setModel(&_clips);
-    QHeaderView* header = _clipTable->horizontalHeader();
-    header->setHighlightSections(false);
-    header->setStretchLastSection(false);
-    header->setSectionResizeMode(PlainClipModel::name, QHeaderView::Stretch);
-    for (int column = PlainClipModel::take; column < PlainClipModel::columnCountOfList; ++column) {
-        header->resizeSection(column, columnWidth(*header, column));
-    }
+    _clips = std::make_unique<ClipTableController>(*_clipTable, *_clipCount, _undoManager);
     _noClipsHint = new EmptyHint(*_clipTable, {});
+    connect(&_reader, &ClipFolderReader::clipsRead, this,
+            [this](const std::vector<ClipInfo>& clips, const std::vector<ClipFileFacts>& facts, int done,
+                   int total) {
+                _clips->addClipsRead(clips, facts);
+                _progressInd->setRange(0, total);
+                _progressInd->setValue(done);
+            });
+    connect(&_reader, &ClipFolderReader::finished, this, &ClipManager::folderRead);
+    showReading(false);
     _folderSplitView->setStretchFactor(0, 0);
     _folderSplitView->setStretchFactor(1, 1);
     _folderSplitView->setSizes({folderListWidth, _window->width() - folderListWidth});
@@ -175,6 +174,7 @@ void ClipManager::observe() {
     Notifications& centre = Notifications::centre();
     connect(&centre, &Notifications::folderSelectionHasChanged, this, &ClipManager::folderSelectionChanged);
     connect(&centre, &Notifications::recordFolderHasChanged, this, &ClipManager::recordingFolderChanged);
+    connect(&centre, &Notifications::clipSelectionHasChanged, this, &ClipManager::clipSelectionChanged);
     connect(_folderList.get(), &RecordFolderController::folderMoved, this, &ClipManager::folderMoved);
     connect(&_timer, &QTimer::timeout, this, &ClipManager::timerAction);
     _timer.start(statusInterval);
@@ -219,10 +219,13 @@ void ClipManager::saveSettings() const {
     }
 }
 
+const std::optional<QString>& ClipManager::shownFolder() const {
+    return _clips->clipFolder();
+}
+
 void ClipManager::addClip(const ClipInfo& info, const QString& folder) {
-    if (_shownFolder == folder) {
-        _clips.append(info);
-        _clipTable->scrollToBottom();
+    if (shownFolder() == folder) {
+        _clips->addItem(info);
     }
 }
 
@@ -238,6 +241,10 @@ void ClipManager::removeFolderButton() {
     _folderList->deleteItem();
 }
 
+void ClipManager::deleteClipsButton() {
+    _clips->deleteItem();
+}
+
 void ClipManager::folderSelectionChanged() {
     const std::vector<FolderRecord> selected = _folderList->selectedFolderArray();
     _removeFolderItem->setEnabled(!selected.empty());
@@ -246,8 +253,42 @@ void ClipManager::folderSelectionChanged() {
 }
 
 void ClipManager::showFolderContent(const std::optional<QString>& path) {
-    _shownFolder = path;
-    _clips.setClips(path ? readClipInfoForFolder(*path) : std::vector<ClipInfo>());
+    _reader.cancel();
+    _clips->setClipArray({}, path);
+    showReading(path.has_value());
+    if (path) {
+        _reader.read(*path);
+    }
+}
+
+void ClipManager::folderRead() {
+    _clips->sortClips();
+    showReading(false);
+}
+
+void ClipManager::showReading(bool isReading) {
+    _isReading = isReading;
+    // How many clips there are is known once the folder is listed.
+    _progressInd->setRange(0, 0);
+    _progressInd->setVisible(isReading);
+    timerAction();
+}
+
+void ClipManager::clipSelectionChanged() {
+    _deleteClipButton->setEnabled(_clips->validateMenuItem(u"deleteItem"_s));
+}
+
+void ClipManager::validateMenuItem(QAction& action) {
+    const QString command = action.objectName();
+    if (command == "undo"_L1) {
+        action.setText(u"Undo %1"_s.arg(_undoManager.undoActionName()).trimmed());
+        action.setEnabled(_undoManager.canUndo());
+    } else if (command == "redo"_L1) {
+        action.setText(u"Redo %1"_s.arg(_undoManager.redoActionName()).trimmed());
+        action.setEnabled(_undoManager.canRedo());
+    } else {
+        action.setEnabled(_clips->validateMenuItem(command));
+    }
 }
 
 void ClipManager::recordingFolderChanged() {
@@ -256,8 +297,10 @@ void ClipManager::recordingFolderChanged() {
 }
 
 void ClipManager::folderMoved(const QString& from, const QString& to) {
-    if (_shownFolder == from) {
-        _shownFolder = to;
+    _clips->folderMoved(from, to);
+    if (_isReading && shownFolder() == to) {
+        // What was still to be read is not there any more.
+        showFolderContent(to);
     }
     timerAction();
 }
@@ -268,11 +311,14 @@ void ClipManager::timerAction() {
 }
 
 QString ClipManager::hintText() const {
-    if (!_shownFolder) {
+    if (!shownFolder()) {
         return u"Select a folder to see its clips"_s;
     }
-    return folderExists(*_shownFolder) ? u"No clips in this folder"_s
-                                       : u"This folder does not exist or is offline"_s;
+    if (_isReading) {
+        return u"Reading clips…"_s;
+    }
+    return folderExists(*shownFolder()) ? u"No clips in this folder"_s
+                                        : u"This folder does not exist or is offline"_s;
 }
 
 QString ClipManager::statusText() const {

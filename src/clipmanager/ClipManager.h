@@ -3,9 +3,10 @@
 // on clip files are those of ClipStore, which it passes on. Main thread.
 #pragma once
 
-#include "clipmanager/PlainClipModel.h"
 #include "clipstore/ClipStore.h"
+#include "connect/ClipFolderReader.h"
 #include "folders/FolderRecord.h"
+#include "platform/UndoManager.h"
 #include "recording/RecordingDestination.h"
 
 #include <QObject>
@@ -17,11 +18,12 @@
 class QAction;
 class QLabel;
 class QMainWindow;
+class QProgressBar;
 class QSplitter;
-class QTableView;
 
 namespace marquill {
 
+class ClipTableController;
 class RecordFolderController;
 class TableView;
 
@@ -44,8 +46,13 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
 
     QMainWindow* window() const { return _window.get(); }
     RecordFolderController& folderList() { return *_folderList; }
+    ClipTableController& clipTable() { return *_clips; }
+    /// The window's.
+    UndoManager& undoManager() { return _undoManager; }
     /// The path of the folder whose clips are shown, or nothing.
-    const std::optional<QString>& shownFolder() const { return _shownFolder; }
+    const std::optional<QString>& shownFolder() const;
+    /// Whether the shown folder is still being read.
+    bool isReading() const { return _isReading; }
 
     /// The state that "ClipManagerSettings" keeps.
     Dictionary settings() const;
@@ -58,9 +65,13 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
 
     void addFolderButton();
     void removeFolderButton();
+    void deleteClipsButton();
+    /// Sets the title of a command on clips, "undo" and "redo" included, and whether it is enabled.
+    void validateMenuItem(QAction& action);
 
     /// Shows the clips of the one selected folder, or none when no folder or several are selected.
     void folderSelectionChanged();
+    /// Shows the folder's clips as they are read, in the order of the listing.
     void showFolderContent(const std::optional<QString>& path);
     /// Takes the list's recording folder and posts RecordingFolderChanged.
     void recordingFolderChanged();
@@ -74,6 +85,9 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
     void setUpFolderList();
     void buildToolbar();
     void setUpClipTable();
+    void clipSelectionChanged();
+    void folderRead();
+    void showReading(bool isReading);
     void observe();
     void restore(const Dictionary& settings);
     void restoreFrame(const Dictionary& settings);
@@ -83,17 +97,22 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
 
     std::unique_ptr<QMainWindow> _window;
     TableView* _recordFolderTable = nullptr;
-    QTableView* _clipTable = nullptr;
+    TableView* _clipTable = nullptr;
     QSplitter* _folderSplitView = nullptr;
+    QLabel* _clipCount = nullptr;
     QLabel* _selectedFolderPath = nullptr;
+    QProgressBar* _progressInd = nullptr;
     QLabel* _noClipsHint = nullptr;
     QAction* _removeFolderItem = nullptr;
+    QAction* _deleteClipButton = nullptr;
+    UndoManager _undoManager;
     // After the window, as they must go before its tables do.
     std::unique_ptr<RecordFolderController> _folderList;
-    PlainClipModel _clips;
+    std::unique_ptr<ClipTableController> _clips;
+    ClipFolderReader _reader;
 
     std::optional<FolderRecord> _recordFolder;
-    std::optional<QString> _shownFolder;
+    bool _isReading = false;
     QTimer _timer;
 };
 

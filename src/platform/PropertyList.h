@@ -105,8 +105,8 @@ class Dictionary {
     void freeze();                ///< makes it read-only, all the way down and for good
     bool isFrozen() const;
     bool isSame(const Dictionary& other) const;
-    /// Equal for handles over the same record and for no others while any of them lives: what large lists find
-    /// a record by.
+    /// Equal for handles over the same record and for no others while any of them lives: what large lists
+    /// find a record by.
     const void* identity() const;
     bool operator==(const Dictionary& other) const;
 

@@ -1,5 +1,7 @@
 #include "clipmanager/ClipManager.h"
 #include "clipstore/Notifications.h"
+#include "connect/ClipTableController.h"
+#include "connect/UnnumberedRows.h"
 #include "folders/RecordFolderController.h"
 #include "platform/FakeDialogs.h"
 #include "platform/Files.h"
@@ -57,16 +59,12 @@ class ClipManagerTest : public QObject {
         return manager.window()->findChild<QLabel*>(u"_selectedFolderPath"_s)->text();
     }
 
-    static QAbstractItemModel& clips(const ClipManager& manager) {
-        return *manager.window()->findChild<QTableView*>(u"_clipTable"_s)->model();
+    static QString countText(const ClipManager& manager) {
+        return manager.window()->findChild<QLabel*>(u"_clipCount"_s)->text();
     }
 
-    static QStringList rowTexts(const QAbstractItemModel& model, int row) {
-        QStringList texts;
-        for (int column = 0; column < model.columnCount(); ++column) {
-            texts.append(model.index(row, column).data().toString());
-        }
-        return texts;
+    static QAbstractItemModel& clips(const ClipManager& manager) {
+        return *manager.window()->findChild<QTableView*>(u"_clipTable"_s)->model();
     }
 
     // As they are in the file now.
@@ -150,18 +148,64 @@ class ClipManagerTest : public QObject {
     void selectedFoldersClipsAreShown() {
         writeClip(u"a"_s, u"Interview#03.xml"_s);
         const auto manager = ClipManager::initWithSettings(settings());
-        QAbstractItemModel& model = clips(*manager);
-        const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+        const QAbstractItemModel& model = clips(*manager);
+        UnnumberedRows rows(manager->clipTable().model());
+        const QAbstractItemModelTester tester(&rows, QAbstractItemModelTester::FailureReportingMode::QtTest);
         QCOMPARE(model.rowCount(), 0);
         manager->folderList().selectFolder(path(u"a"_s));
         QCOMPARE(manager->shownFolder(), path(u"a"_s));
-        QCOMPARE(model.rowCount(), 1);
-        QCOMPARE(rowTexts(model, 0), QStringList({u"Interview"_s, u"03"_s, u"12A"_s, u"01:02:05"_s, u"2"_s}));
+        QTRY_COMPARE(model.rowCount(), 1);
+        QCOMPARE(model.index(0, ClipTableModel::clip).data().toString(), u"Interview"_s);
+        QCOMPARE(countText(*manager), u"0 of 1 Clip Selected"_s);
+        QTRY_VERIFY(!manager->isReading());
         manager->folderList().selectFolder(path(u"b"_s));
         QCOMPARE(model.rowCount(), 0);
         manager->folderList().selectFolders({path(u"a"_s), path(u"b"_s)});
         QVERIFY(!manager->shownFolder());
         QCOMPARE(model.rowCount(), 0);
+    }
+
+    void largeFolderIsShownInTheOrderOfItsListing() {
+        for (int take = 1; take <= 400; ++take) {
+            const QString name = u"Clip#%1.xml"_s.arg(take);
+            const Result<QByteArray> text = writePropertyList(Dictionary{{u"clipName"_s, name}});
+            QFile file(path(u"a/"_s + name));
+            QVERIFY(file.open(QIODevice::WriteOnly) && file.write(*text) > 0);
+        }
+        const auto manager = ClipManager::initWithSettings(settings());
+        manager->folderList().selectFolder(path(u"a"_s));
+        QVERIFY(manager->isReading());
+        QVERIFY(manager->window()->findChild<QWidget*>(u"_progressInd"_s)->isVisibleTo(manager->window()));
+        QTRY_VERIFY(!manager->isReading());
+        QVERIFY(!manager->window()->findChild<QWidget*>(u"_progressInd"_s)->isVisibleTo(manager->window()));
+        QStringList names;
+        for (const ClipInfo& clip : manager->clipTable().clipArray()) {
+            names.append(clip.clipName().value_or(QString()));
+        }
+        QCOMPARE(names, ClipStore::getClipsForFolder(path(u"a"_s)));
+        QCOMPARE(names.size(), 400);
+    }
+
+    void anotherFolderGivesUpTheFirst() {
+        writeClip(u"a"_s, u"A#01.xml"_s);
+        writeClip(u"b"_s, u"B#01.xml"_s);
+        const auto manager = ClipManager::initWithSettings(settings());
+        manager->folderList().selectFolder(path(u"a"_s));
+        manager->folderList().selectFolder(path(u"b"_s));
+        QTRY_VERIFY(!manager->isReading());
+        QCOMPARE(clips(*manager).rowCount(), 1);
+        QCOMPARE(manager->clipTable().clipArray()[0].clipName(), u"B#01.xml"_s);
+    }
+
+    void clipRecordedWhileItsFolderIsReadIsShownOnce() {
+        writeClip(u"a"_s, u"A#01.xml"_s);
+        const auto manager = ClipManager::initWithSettings(settings());
+        manager->folderList().selectFolder(path(u"a"_s));
+        const ClipInfo clip(clipRecord(u"A#01.xml"_s));
+        manager->addClip(clip, path(u"a"_s));
+        QTRY_VERIFY(!manager->isReading());
+        QCOMPARE(clips(*manager).rowCount(), 1);
+        QVERIFY(manager->clipTable().clipArray()[0].isSame(clip));
     }
 
     void newClipIsShownOnlyInItsFolder() {
@@ -173,7 +217,7 @@ class ClipManagerTest : public QObject {
         QCOMPARE(clips(*manager).rowCount(), 0);
         manager->addClip(ClipInfo(clipRecord(u"Clip#03.xml"_s)), path(u"a"_s));
         QCOMPARE(clips(*manager).rowCount(), 1);
-        QCOMPARE(rowTexts(clips(*manager), 0)[1], u"03"_s);
+        QTRY_COMPARE(countText(*manager), u"1 of 1 Clip Selected"_s);
     }
 
     void shownFolderFollowsItsRenaming() {
@@ -186,12 +230,27 @@ class ClipManagerTest : public QObject {
         QCOMPARE(clips(*manager).rowCount(), 1);
     }
 
-    void clipWithoutAnyKeyIsShownEmpty() {
+    void deleteClipsNeedsASelectionAndCanBeUndone() {
+        writeClip(u"a"_s, u"A#01.xml"_s);
         const auto manager = ClipManager::initWithSettings(settings());
+        auto* button = manager->window()->findChild<QAction*>(u"DeleteClips"_s);
+        QAction undo;
+        undo.setObjectName(u"undo"_s);
         manager->folderList().selectFolder(path(u"a"_s));
-        manager->addClip(ClipInfo(), path(u"a"_s));
-        QCOMPARE(rowTexts(clips(*manager), 0),
-                 QStringList({QString(), QString(), QString(), u"00:00:00"_s, u"0"_s}));
+        QTRY_COMPARE(clips(*manager).rowCount(), 1);
+        QVERIFY(!button->isEnabled());
+        manager->clipTable().selectNextClip();
+        QVERIFY(button->isEnabled());
+        manager->validateMenuItem(undo);
+        QVERIFY(!undo.isEnabled());
+        button->trigger();
+        QVERIFY(QFile::exists(path(u"a/Trash/A#01.xml"_s)));
+        QVERIFY(!button->isEnabled());
+        manager->validateMenuItem(undo);
+        QVERIFY(undo.isEnabled());
+        QCOMPARE(undo.text(), u"Undo move Clip(s) to Trash"_s);
+        manager->undoManager().undo();
+        QVERIFY(QFile::exists(path(u"a/A#01.xml"_s)));
     }
 
     // Recording folder
@@ -222,13 +281,17 @@ class ClipManagerTest : public QObject {
         const auto* toolbar = manager->window()->findChild<QToolBar*>(u"ClipManagerToolbar"_s);
         QVERIFY(toolbar);
         const QList<QAction*> items = toolbar->actions();
-        QCOMPARE(items.size(), 2);
+        QCOMPARE(items.size(), 3);
         QCOMPARE(items[0]->objectName(), u"AddFolder"_s);
         QCOMPARE(items[0]->text(), u"Add Folder"_s);
         QCOMPARE(items[0]->toolTip(), u"Add recording folder"_s);
         QCOMPARE(items[1]->objectName(), u"RemoveFolder"_s);
         QCOMPARE(items[1]->text(), u"Remove Folder"_s);
         QCOMPARE(items[1]->toolTip(), u"Remove recording folder"_s);
+        QCOMPARE(items[2]->objectName(), u"DeleteClips"_s);
+        QCOMPARE(items[2]->text(), u"Delete Clips"_s);
+        QCOMPARE(items[2]->toolTip(), u"Delete clips"_s);
+        QVERIFY(!items[2]->icon().isNull());
         QVERIFY(!items[0]->icon().isNull());
         QVERIFY(!items[1]->icon().isNull());
     }
@@ -332,7 +395,7 @@ class ClipManagerTest : public QObject {
         _dialogs->chosen = {path(u"a"_s)};
         manager->addFolderButton();
         QVERIFY(!hint(u"_recordFolderTable"_s)->isVisible());
-        QCOMPARE(hint(u"_clipTable"_s)->text(), u"No clips in this folder"_s);
+        QTRY_COMPARE(hint(u"_clipTable"_s)->text(), u"No clips in this folder"_s);
         QVERIFY(hint(u"_clipTable"_s)->isVisible());
         manager->addClip(ClipInfo(clipRecord(u"Clip#01.xml"_s)), path(u"a"_s));
         QVERIFY(!hint(u"_clipTable"_s)->isVisible());

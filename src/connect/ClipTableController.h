@@ -1,0 +1,162 @@
+// The clip table: the clips of the shown record folder, their selection, the commands on them and the
+// operations that can be undone. Owned by ClipManager, over a table that is owned by its window. Main thread.
+#pragma once
+
+#include "connect/ClipChangeSet.h"
+#include "connect/ClipTableColumns.h"
+#include "connect/ClipTableModel.h"
+#include "platform/BackgroundWork.h"
+
+#include <QMenu>
+#include <QSet>
+#include <QTimer>
+
+#include <functional>
+
+class QKeyEvent;
+class QLabel;
+
+namespace marquill {
+
+class TableView;
+class UndoManager;
+
+class ClipTableController : public QObject {
+    Q_OBJECT
+
+  public:
+    /// Makes `table` show the clips and `countText` how many are selected; `undoManager` is their window's.
+    ClipTableController(TableView& table, QLabel& countText, UndoManager& undoManager,
+                        QObject* parent = nullptr);
+    ~ClipTableController() override;
+
+    /// Opens a movie in the viewer; while there is none, in the default player.
+    std::function<void(const QString& path)> openClipWithFile;
+
+    // Content
+
+    /// Shows these clips of that folder, nothing selected; without a folder the table is disabled.
+    void setClipArray(std::vector<ClipInfo> clips, const std::optional<QString>& folder);
+    /// Adds clips of the shown folder that were just read from it, with what askFiles() says of them. Those
+    /// that came to the table in another way meanwhile are left out.
+    void addClipsRead(const std::vector<ClipInfo>& clips, const std::vector<ClipFileFacts>& facts);
+    const std::vector<ClipInfo>& clipArray() const { return _model.clips(); }
+    const std::optional<QString>& clipFolder() const { return _model.folder(); }
+    /// A record folder was given another path on disk.
+    void folderMoved(const QString& from, const QString& to);
+    void reloadData();
+    /// Sorts the rows by the column that the user chose; the selection stays with its clips.
+    void sortClips();
+
+    TableView& tableView() { return _table; }
+    ClipTableModel& model() { return _model; }
+    /// The menu "Labels", one item per label.
+    QMenu& labelMenu() { return _labelMenu; }
+
+    // Selection
+
+    /// The selected records in the order of the rows.
+    std::vector<ClipInfo> selectedClipArray() const;
+    /// Selects just these, leaving out records that are not in the table, and scrolls to the first.
+    void selectClips(const std::vector<ClipInfo>& clips);
+    void selectClip(const ClipInfo& clip) { selectClips({clip}); }
+    /// Selects them on a later turn of the event loop.
+    void deferredSelectRows(const std::vector<ClipInfo>& clips);
+    /// Selects the clip below the selection; after the last one the first.
+    void selectNextClip();
+    /// Selects the clip above the selection; without a selection the last one.
+    void selectPrevClip();
+    void scrollToClip(const ClipInfo& clip);
+    void deselectAll();
+    void updateClipCount();
+    /// Takes the labels from the preferences.
+    void updateLabelMenu();
+
+    // Commands
+
+    /// Adds a clip that has just been made, and selects it on a later turn of the event loop.
+    void addItem(const ClipInfo& clip);
+    /// Moves the selected clips to the trash.
+    void deleteItem();
+    void openClipInViewer();
+    void openClipInQTPlayer();
+    void showClipInFinder();
+    /// Starts editing the name of the selected clip in its cell.
+    void renameSelected();
+    void doubleClicked(const QModelIndex& index);
+    /// Rates the selected clip by the digits 0 to 5; takes the key when it did.
+    void keyDown(QKeyEvent& event);
+    /// Whether the command of that name, e.g. "deleteItem", can be given now.
+    bool validateMenuItem(const QString& command) const;
+    /// The table's context menu, its commands enabled as the selection allows.
+    QMenu* menuForEvent();
+
+    // Operations that can be undone. What is true on disk is true in the table afterwards: a clip whose file
+    // could not be moved stays where it was, and the log tells.
+
+    /// Shows clips whose files are in the folder already.
+    void addClipsWithUndo(const ClipSet& set);
+    void redoAddClipsWithUndo(const ClipSet& set);
+    void undoAddClipsWithUndo(const ClipSet& set);
+    /// Moves the clips' files into the folder's "Trash", replacing what has their name there.
+    void deleteClipsWithUndo(const ClipSet& set);
+    /// Brings them back; where their name is taken, with a "*" at its end.
+    void undoDeleteClipsWithUndo(const ClipSet& set);
+    /// Replaces records and writes the new ones.
+    void changeClipsWithUndo(const ClipChangeSet& set);
+    void undoChangeClipsWithUndo(const ClipChangeSet& set);
+    /// Gives a clip of the shown folder another display name; its take and its kind stay. An alert says, on a
+    /// later turn of the event loop, when that cannot be done, and nothing has changed then.
+    void setClipName(const ClipInfo& clip, const QString& name);
+    /// A value was entered into a cell; see ClipTableModel::valueEntered.
+    void setObjectValue(const QVariant& value, int column, int row);
+
+  private:
+    class SelectionChange;
+    using ClipSetOperation = void (ClipTableController::*)(const ClipSet&);
+    using ChangeSetOperation = void (ClipTableController::*)(const ClipChangeSet&);
+
+    void wireTable();
+    void buildContextMenu();
+    void labelsChanged();
+    void tableViewSelectionDidChange();
+    std::vector<int> selectedRows() const;
+    void selectRows(const std::vector<int>& rows);
+    void selectOnly(int row);
+    std::optional<ClipInfo> onlySelected() const;
+    void withSelectedFile(const QString& advice, const std::function<void(const QString&)>& open);
+    void openInDefaultPlayer(const QString& path);
+    void showAlert(const QString& title, const QString& text);
+    void askShownFiles();
+
+    bool isShown(const QString& folder) const { return clipFolder() == folder; }
+    QString presentFolder(const QString& folder) const;
+    ClipInfo presentRecord(const ClipInfo& clip, const QString& folder) const;
+    int rowFor(const ClipInfo& clip) const;
+    void show(const std::vector<ClipInfo>& clips);
+    void moveToTrash(const ClipSet& set, ClipSetOperation inverse, const QString& actionName);
+    void moveFromTrash(const ClipSet& set, ClipSetOperation inverse, const QString& actionName);
+    void removeFromTable(const std::vector<ClipInfo>& clips);
+    void exchangeClips(const ClipChangeSet& set, const std::vector<ClipInfo>& from,
+                       const std::vector<ClipInfo>& to, ChangeSetOperation inverse, const char* notFound);
+    void registerUndo(ClipSetOperation inverse, const ClipSet& set, const QString& actionName);
+    void renameFile(const ClipInfo& clip, const QString& folder, const QString& clipName);
+    void enterAttribute(const ClipInfo& clip, const QString& key, const Value& value);
+    void setAttribute(const ClipInfo& clip, const QString& folder, const QString& key, const Value& value);
+
+    TableView& _table;
+    QLabel& _countText;
+    UndoManager& _undoManager;
+    ClipTableModel _model;
+    std::unique_ptr<ClipTableColumns> _columns;
+    QMenu _labelMenu;
+    QMenu _contextMenu;
+    QSet<QString> _arrivedNames;  // clips that came while the folder is being read, and not by reading
+    std::vector<std::pair<QString, QString>> _movedFolders;  // from, to; in the order they were moved
+    BackgroundWork _fileWork;
+    QTimer _fileTimer;
+    int _selectionChanges = 0;       // SelectionChange objects alive
+    bool _selectionChanged = false;  // while one is
+};
+
+}  // namespace marquill

@@ -1,0 +1,244 @@
+// The clip table's operations that move files and replace records, each with its inverse.
+#include "clipstore/ClipStore.h"
+#include "connect/ClipSelectionChange.h"
+#include "platform/Files.h"
+#include "platform/Log.h"
+#include "platform/TableView.h"
+#include "platform/UndoManager.h"
+
+#include <algorithm>
+
+namespace marquill {
+
+namespace {
+
+const QString addTitle = u"add Clip(s)"_s;
+const QString deleteTitle = u"move Clip(s) to Trash"_s;
+
+QString trashOf(const QString& folder) {
+    return joinPath(folder, u"Trash"_s);
+}
+
+Result<QString> placeOf(const QString& clipName, const QString& folder) {
+    if (const std::optional<QString> path = ClipStore::clipPath(folder, clipName)) {
+        return *path;
+    }
+    return failure(ErrorCode::malformed, u"No clip can have the name “%1”."_s.arg(clipName), folder);
+}
+
+// One step, so that the item of that name which is in the trash goes only when the clip takes its place.
+Result<void> moveIntoTrash(const QString& clipName, const QString& folder) {
+    const Result<QString> from = placeOf(clipName, folder);
+    if (!from) {
+        return std::unexpected(from.error());
+    }
+    const QString to = joinPath(trashOf(folder), clipName);
+    if (folderExists(to) && fileExists(*from)) {
+        if (Result<void> removed = removeAll(to); !removed) {
+            return removed;
+        }
+    }
+    return FileSystem::current().replace(*from, to);
+}
+
+// "Shot#01*.xml" of "Shot#01.xml".
+QString starred(const QString& clipName) {
+    const QString extension = pathExtension(clipName);
+    const QString base = withoutPathExtension(clipName) + u'*';
+    return extension.isEmpty() ? base : base + u'.' + extension;
+}
+
+// The name that the clip has in its folder again.
+Result<QString> moveOutOfTrash(const QString& clipName, const QString& folder) {
+    const Result<QString> from = placeOf(clipName, trashOf(folder));
+    if (!from) {
+        return from;
+    }
+    QString name = clipName;
+    while (FileSystem::current().attributes(joinPath(folder, name), Links::keep)) {
+        name = starred(name);
+    }
+    if (const Result<void> moved = FileSystem::current().move(*from, joinPath(folder, name)); !moved) {
+        return std::unexpected(moved.error());
+    }
+    return name;
+}
+
+void logError(const Error& error) {
+    qCWarning(logConnect).noquote() << error.description();
+}
+
+}  // namespace
+
+void ClipTableController::registerUndo(ClipSetOperation inverse, const ClipSet& set,
+                                       const QString& actionName) {
+    if (!set.clipArray.empty()) {
+        _undoManager.registerUndo(this, [this, inverse, set] { (this->*inverse)(set); });
+        _undoManager.setActionName(actionName);
+    }
+}
+
+void ClipTableController::addItem(const ClipInfo& clip) {
+    show({clip});
+    sortClips();
+    deferredSelectRows({clip});
+    updateClipCount();
+}
+
+void ClipTableController::deleteItem() {
+    const std::vector<ClipInfo> selected = selectedClipArray();
+    if (!selected.empty() && clipFolder()) {
+        deleteClipsWithUndo({.clipFolder = *clipFolder(), .clipArray = selected});
+    }
+}
+
+void ClipTableController::addClipsWithUndo(const ClipSet& set) {
+    if (isShown(presentFolder(set.clipFolder))) {
+        const SelectionChange change(*this);
+        show(set.clipArray);
+        sortClips();
+        selectClips(set.clipArray);
+        updateClipCount();
+    }
+    registerUndo(&ClipTableController::undoAddClipsWithUndo, set, addTitle);
+}
+
+void ClipTableController::undoAddClipsWithUndo(const ClipSet& set) {
+    moveToTrash(set, &ClipTableController::redoAddClipsWithUndo, addTitle);
+}
+
+void ClipTableController::redoAddClipsWithUndo(const ClipSet& set) {
+    moveFromTrash(set, &ClipTableController::undoAddClipsWithUndo, addTitle);
+}
+
+void ClipTableController::deleteClipsWithUndo(const ClipSet& set) {
+    moveToTrash(set, &ClipTableController::undoDeleteClipsWithUndo, deleteTitle);
+}
+
+void ClipTableController::undoDeleteClipsWithUndo(const ClipSet& set) {
+    moveFromTrash(set, &ClipTableController::deleteClipsWithUndo, deleteTitle);
+}
+
+// The inverse is told of the clips that were moved and no others: an older item of the same name in the trash
+// must not come back in place of a clip that never went there.
+void ClipTableController::moveToTrash(const ClipSet& set, ClipSetOperation inverse,
+                                      const QString& actionName) {
+    const QString folder = presentFolder(set.clipFolder);
+    if (!folderExists(trashOf(folder)) && !FileSystem::current().makeFolder(trashOf(folder))) {
+        qCWarning(logConnect, "Couldn't create trash folder");
+    }
+    ClipSet moved{.clipFolder = folder, .clipArray = {}};
+    for (const ClipInfo& clip : set.clipArray) {
+        if (const auto done = moveIntoTrash(clip.clipName().value_or(QString()), folder)) {
+            moved.clipArray.push_back(clip);
+        } else {
+            logError(done.error());
+        }
+    }
+    if (isShown(folder)) {
+        const SelectionChange change(*this);
+        removeFromTable(moved.clipArray);
+        sortClips();
+        deselectAll();
+        updateClipCount();
+    }
+    registerUndo(inverse, moved, actionName);
+}
+
+void ClipTableController::moveFromTrash(const ClipSet& set, ClipSetOperation inverse,
+                                        const QString& actionName) {
+    const QString folder = presentFolder(set.clipFolder);
+    if (!folderExists(trashOf(folder))) {
+        qCWarning(logConnect, "No trash folder found");
+        return;
+    }
+    ClipSet moved{.clipFolder = folder, .clipArray = {}};
+    for (ClipInfo clip : set.clipArray) {
+        const QString oldName = clip.clipName().value_or(QString());
+        const Result<QString> name = moveOutOfTrash(oldName, folder);
+        if (!name) {
+            logError(name.error());
+            continue;
+        }
+        if (*name != oldName) {
+            clip.setClipName(*name);
+            ClipStore::updateClipInfo(clip, folder);
+        }
+        moved.clipArray.push_back(clip);
+    }
+    if (isShown(folder)) {
+        const SelectionChange change(*this);
+        show(moved.clipArray);
+        sortClips();
+        selectClips(moved.clipArray);
+        updateClipCount();
+    }
+    registerUndo(inverse, moved, actionName);
+}
+
+// The row of the record; of one that the folder was read anew since, the row that has its file now.
+int ClipTableController::rowFor(const ClipInfo& clip) const {
+    const int row = _model.rowOfClip(clip);
+    return row >= 0 ? row : _model.rowOfName(clip.clipName().value_or(QString()));
+}
+
+void ClipTableController::removeFromTable(const std::vector<ClipInfo>& clips) {
+    std::vector<int> rows;
+    for (const ClipInfo& clip : clips) {
+        if (const int row = rowFor(clip); row >= 0) {
+            rows.push_back(row);
+        }
+    }
+    std::ranges::sort(rows);
+    const auto repeated = std::ranges::unique(rows);
+    rows.erase(repeated.begin(), repeated.end());
+    // Many rows go at once, which takes their selection with them untold.
+    _selectionChanged = _selectionChanged || _table.selectionModel()->hasSelection();
+    _model.removeRowsAt(rows);
+}
+
+void ClipTableController::changeClipsWithUndo(const ClipChangeSet& set) {
+    exchangeClips(set, set.oldClips, set.newClips, &ClipTableController::undoChangeClipsWithUndo,
+                  "not found in 'changeClipsWithUndo'");
+}
+
+void ClipTableController::undoChangeClipsWithUndo(const ClipChangeSet& set) {
+    exchangeClips(set, set.newClips, set.oldClips, &ClipTableController::changeClipsWithUndo,
+                  "not found in 'undoChangeClipsWithUndo'");
+}
+
+// The records stay those of the folder they were changed in: undo in another one would write them over clips
+// that have their names there.
+void ClipTableController::exchangeClips(const ClipChangeSet& set, const std::vector<ClipInfo>& from,
+                                        const std::vector<ClipInfo>& to, ChangeSetOperation inverse,
+                                        const char* notFound) {
+    if (from.empty() || from.size() != to.size()) {
+        return;
+    }
+    ClipChangeSet done = set;
+    done.clipFolder = presentFolder(set.clipFolder.value_or(clipFolder().value_or(QString())));
+    std::vector<ClipInfo> selected;
+    for (std::size_t i = 0; i < from.size(); ++i) {
+        if (isShown(*done.clipFolder) && _model.rowOfClip(from[i]) < 0) {
+            qCWarning(logConnect, "%s", notFound);
+        }
+        const int row = rowFor(from[i]);
+        if (row >= 0 && _table.selectionModel()->isRowSelected(row)) {
+            selected.push_back(to[i]);
+        }
+        if (const int status = ClipStore::updateClipInfo(to[i], *done.clipFolder); status != 0) {
+            qCWarning(logConnect) << "A changed clip could not be written:" << status;
+        }
+    }
+    if (isShown(*done.clipFolder)) {
+        const SelectionChange change(*this);
+        removeFromTable(from);
+        _model.append(to);
+        sortClips();
+        selectClips(selected);
+    }
+    _undoManager.registerUndo(this, [this, inverse, done] { (this->*inverse)(done); });
+    _undoManager.setActionName(done.actionName);
+}
+
+}  // namespace marquill
