@@ -64,7 +64,7 @@ struct Window {
 void show(benchmark::State& state) {
     Window window;
     clips();
-    const auto bytes = [] { return static_cast<double>(mallinfo2().uordblks); };
+    const auto bytes = [] { return static_cast<double>(mallinfo2().uordblks + mallinfo2().hblkhd); };
     for (auto _ : state) {
         window.controller.setClipArray({}, u"/nowhere"_s);
         const double before = bytes();
