@@ -1,13 +1,18 @@
 // The clip table with 100,000 clips, offscreen: showing them until the first rows are painted, sorting by
 // each column, scrolling a page, and the memory per clip beyond its record. Run with
 // QT_QPA_PLATFORM=offscreen.
+#include "connect/ClipFolderReader.h"
 #include "connect/ClipTableController.h"
+#include "platform/PropertyListWriter.h"
 #include "platform/TableView.h"
 #include "platform/Theme.h"
 #include "platform/UndoManager.h"
 #include "platform/UserDefaults.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QFile>
 #include <QHeaderView>
 #include <QLabel>
 #include <QScrollBar>
@@ -74,6 +79,39 @@ void show(benchmark::State& state) {
     }
 }
 
+// A folder of placeholders on disk, read into the window; "first_rows_ms" is when the first were painted.
+void readFolder(benchmark::State& state) {
+    const QTemporaryDir folder;
+    for (const ClipInfo& info : clips()) {
+        QFile file(folder.filePath(info.clipName().value_or(QString())));
+        if (!file.open(QIODevice::WriteOnly) || file.write(*writePropertyList(info.record())) < 0) {
+            state.SkipWithError("cannot write the folder");
+            return;
+        }
+    }
+    Window window;
+    for (auto _ : state) {
+        window.controller.setClipArray({}, folder.path());
+        QElapsedTimer timer;
+        timer.start();
+        double firstRows = 0;
+        ClipFolderReader reader;
+        QEventLoop loop;
+        QObject::connect(&reader, &ClipFolderReader::clipsRead, [&](const auto& clips, const auto& facts) {
+            window.controller.addClipsRead(clips, facts);
+            if (firstRows == 0) {
+                window.table.viewport()->grab();
+                firstRows = static_cast<double>(timer.nsecsElapsed()) / 1e6;
+            }
+        });
+        QObject::connect(&reader, &ClipFolderReader::finished, &loop, &QEventLoop::quit);
+        reader.read(folder.path());
+        loop.exec();
+        state.counters["first_rows_ms"] = firstRows;
+        state.counters["clips"] = static_cast<double>(window.controller.clipArray().size());
+    }
+}
+
 void sortBy(benchmark::State& state) {
     Window window;
     const auto column = static_cast<int>(state.range(0));
@@ -110,6 +148,7 @@ void scrollPage(benchmark::State& state) {
     }
 }
 
+BENCHMARK(readFolder)->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(show)->Unit(benchmark::kMillisecond);
 BENCHMARK(sortBy)
     ->DenseRange(0, ClipTableModel::columnCountOfTable - 1)
