@@ -102,7 +102,7 @@ void ClipTableModel::setClips(std::vector<ClipInfo> clips, std::optional<QString
     _clips = std::move(clips);
     _folder = std::move(folder);
     _arrivals = 0;
-    _rows = {};
+    _rows = std::vector<Row>();
     _rows.reserve(_clips.size());
     for (std::size_t row = 0; row < _clips.size(); ++row) {
         _rows.push_back({.facts = {}, .isKnown = false, .arrival = _arrivals++});

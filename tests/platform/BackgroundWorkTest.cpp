@@ -1,0 +1,83 @@
+#include "platform/BackgroundWork.h"
+
+#include <QTest>
+
+#include <atomic>
+
+using namespace marquill;
+
+class BackgroundWorkTest : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void resultsArriveInOrderOnTheMainThread() {
+        BackgroundWork work;
+        QList<int> results;
+        work.start([&results](const BackgroundWork::Post& post) {
+            for (int i = 0; i < 3; ++i) {
+                post([&results, i] {
+                    QCOMPARE(QThread::currentThread(), QCoreApplication::instance()->thread());
+                    results.append(i);
+                });
+            }
+        });
+        QVERIFY(work.isRunning());
+        QTRY_VERIFY(!work.isRunning());
+        QCOMPARE(results, QList<int>({0, 1, 2}));
+    }
+
+    void cancelledWorkIsNotHeardOfAnyMore() {
+        BackgroundWork work;
+        std::atomic<bool> posted = false;
+        std::atomic<bool> goOn = false;
+        bool called = false;
+        work.start([&](const BackgroundWork::Post& post) {
+            post([&called] { called = true; });
+            posted = true;
+            while (!goOn) {
+                QThread::yieldCurrentThread();
+            }
+            QVERIFY(!post.isWanted());
+            post([&called] { called = true; });
+        });
+        while (!posted) {
+            QThread::yieldCurrentThread();
+        }
+        work.cancel();
+        QVERIFY(!work.isRunning());
+        goOn = true;
+        QTest::qWait(20);
+        QVERIFY(!called);
+    }
+
+    void newWorkTakesThePlaceOfTheOld() {
+        BackgroundWork work;
+        QStringList results;
+        const auto tell = [&results](const QString& result) {
+            return [&results, result](const BackgroundWork::Post& post) {
+                post([&results, result] { results.append(result); });
+            };
+        };
+        work.start(tell(QStringLiteral("old")));
+        work.start(tell(QStringLiteral("new")));
+        QTRY_VERIFY(!work.isRunning());
+        QCOMPARE(results, QStringList(QStringLiteral("new")));
+    }
+
+    void endingWaitsForWorkThatEnds() {
+        std::atomic<bool> ended = false;
+        {
+            BackgroundWork work;
+            work.start([&ended](const BackgroundWork::Post& post) {
+                while (post.isWanted()) {
+                    QThread::yieldCurrentThread();
+                }
+                ended = true;
+            });
+        }
+        QVERIFY(ended);
+    }
+};
+
+QTEST_GUILESS_MAIN(BackgroundWorkTest)
+#include "BackgroundWorkTest.moc"
