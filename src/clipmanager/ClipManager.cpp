@@ -1,7 +1,10 @@
 #include "clipmanager/ClipManager.h"
 
 #include "clipstore/Notifications.h"
+#include "connect/ClipFileFacts.h"
 #include "connect/ClipTableController.h"
+#include "connect/ClipViewer.h"
+#include "connect/MoviePreview.h"
 #include "folders/RecordFolderController.h"
 #include "platform/ElidingLabel.h"
 #include "platform/EmptyHint.h"
@@ -9,6 +12,7 @@
 #include "platform/Images.h"
 #include "platform/Log.h"
 #include "platform/TableView.h"
+#include "platform/Theme.h"
 #include "platform/UserDefaults.h"
 #include "platform/WindowDescription.h"
 #include "platform/WindowFrame.h"
@@ -37,6 +41,8 @@ const QString kWindExpanded = u"kWindExpanded"_s;
 
 constexpr std::chrono::milliseconds statusInterval{1000};
 constexpr int folderListWidth = 240;
+constexpr int previewHeight = 240;
+constexpr double timeCodePointSize = 12;
 
 // One item of the tool bar; its drawing bears its identifier.
 struct ToolbarItem {
@@ -98,6 +104,7 @@ std::unique_ptr<ClipManager> ClipManager::initWithSettings(const Dictionary& set
     manager->setUpFolderList();
     manager->buildToolbar();
     manager->setUpClipTable();
+    manager->setUpPreview();
     manager->observe();
     manager->restore(settings);
     return manager;
@@ -110,6 +117,7 @@ ClipManager::~ClipManager() = default;
 Result<void> ClipManager::loadWindow() {
     WindowDescription::registerWidget<TableView>(u"TableView"_s);
     WindowDescription::registerWidget<ElidingLabel>(u"ElidingLabel"_s);
+    WindowDescription::registerWidget<MoviePreview>(u"MoviePreview"_s);
     Result<std::unique_ptr<QWidget>> loaded = WindowDescription::load(u"ClipManager"_s);
     if (!loaded) {
         return std::unexpected(loaded.error());
@@ -122,7 +130,10 @@ Result<void> ClipManager::loadWindow() {
     outlets.connect(_recordFolderTable, u"_recordFolderTable"_s);
     outlets.connect(_clipTable, u"_clipTable"_s);
     outlets.connect(_folderSplitView, u"_folderSplitView"_s);
+    outlets.connect(_clipSplitView, u"_clipSplitView"_s);
     outlets.connect(_clipCount, u"_clipCount"_s);
+    outlets.connect(_moviePreview, u"_moviePreview"_s);
+    outlets.connect(_timeCode, u"_timeCode"_s);
     outlets.connect(_selectedFolderPath, u"_selectedFolderPath"_s);
     outlets.connect(_progressInd, u"_progressInd"_s);
     return outlets.check();
@@ -168,6 +179,17 @@ void ClipManager::setUpClipTable() {
     _folderSplitView->setStretchFactor(0, 0);
     _folderSplitView->setStretchFactor(1, 1);
     _folderSplitView->setSizes({folderListWidth, _window->width() - folderListWidth});
+}
+
+void ClipManager::setUpPreview() {
+    _timeCode->setFont(Theme::timeFont(timeCodePointSize));
+    _moviePreview->setTimeCodeField(_timeCode);
+    _clips->openClipWithFile = [](const QString& path) { ClipViewer::openClipWithFile(path); };
+    _mediaTimer.setSingleShot(true);
+    connect(&_mediaTimer, &QTimer::timeout, this, &ClipManager::showMedia);
+    _clipSplitView->setStretchFactor(0, 1);
+    _clipSplitView->setStretchFactor(1, 0);
+    _clipSplitView->setSizes({_window->height() - previewHeight, previewHeight});
 }
 
 void ClipManager::observe() {
@@ -276,6 +298,31 @@ void ClipManager::showReading(bool isReading) {
 
 void ClipManager::clipSelectionChanged() {
     _deleteClipButton->setEnabled(_clips->validateMenuItem(u"deleteItem"_s));
+    // An edit takes the selection away and gives it back; the movie is not to start anew for that.
+    _mediaTimer.start();
+}
+
+// Shows the one selected clip's movie in the preview, or says why there is none.
+void ClipManager::showMedia() {
+    const std::vector<ClipInfo> selected = _clips->selectedClipArray();
+    const std::optional<ClipInfo> clip =
+        selected.size() == 1 ? std::optional(selected.front()) : std::nullopt;
+    const QString path = clip ? mediaPathOfClip(*clip, shownFolder().value_or(QString())) : QString();
+    const bool isThere = !path.isEmpty() && fileExists(path);
+    const std::optional<QString> shown = isThere ? std::optional(path) : std::nullopt;
+    if (shown != _moviePreview->path()) {
+        _moviePreview->setMovieByPath(shown);
+    }
+    std::optional<QString> message;
+    if (clip && path.isEmpty()) {
+        message = u"Clip not connected"_s;
+    } else if (clip && !isThere) {
+        message = u"Clip not found"_s;
+    } else if (clip && !_moviePreview->movie()) {
+        const Result<Movie> movie = Movie::open(path);
+        message = movie ? u"Clip not found"_s : movie.error().message;
+    }
+    _moviePreview->setString(message);
 }
 
 void ClipManager::validateMenuItem(QAction& action) {

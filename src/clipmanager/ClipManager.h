@@ -24,6 +24,7 @@ class QSplitter;
 namespace marquill {
 
 class ClipTableController;
+class MoviePreview;
 class RecordFolderController;
 class TableView;
 
@@ -85,7 +86,9 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
     void setUpFolderList();
     void buildToolbar();
     void setUpClipTable();
+    void setUpPreview();
     void clipSelectionChanged();
+    void showMedia();
     void folderRead();
     void showReading(bool isReading);
     void observe();
@@ -99,6 +102,9 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
     TableView* _recordFolderTable = nullptr;
     TableView* _clipTable = nullptr;
     QSplitter* _folderSplitView = nullptr;
+    QSplitter* _clipSplitView = nullptr;
+    MoviePreview* _moviePreview = nullptr;
+    QLabel* _timeCode = nullptr;
     QLabel* _clipCount = nullptr;
     QLabel* _selectedFolderPath = nullptr;
     QProgressBar* _progressInd = nullptr;
@@ -114,6 +120,7 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
     std::optional<FolderRecord> _recordFolder;
     bool _isReading = false;
     QTimer _timer;
+    QTimer _mediaTimer;  // shows the media once a change of the selection has come to rest
 };
 
 }  // namespace marquill

@@ -34,6 +34,14 @@ void TableView::contextMenuEvent(QContextMenuEvent* event) {
     }
 }
 
+QModelIndex TableView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+    if (!model() || (action != MoveHome && action != MoveEnd)) {
+        return QTableView::moveCursor(action, modifiers);
+    }
+    const int column = currentIndex().isValid() ? currentIndex().column() : 0;
+    return model()->index(action == MoveHome ? 0 : model()->rowCount() - 1, column);
+}
+
 void TableView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
     const bool reverts = hint == QAbstractItemDelegate::RevertModelCache;
     QTableView::closeEditor(editor, reverts ? hint : QAbstractItemDelegate::NoHint);

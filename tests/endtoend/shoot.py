@@ -2,6 +2,7 @@
 import datetime
 import pathlib
 import plistlib
+import subprocess
 
 MORNING = datetime.datetime(2026, 5, 4, 7, 12, 30)
 TAKES = [("Harbour Wide", "12", 3, 74), ("Harbour Close", "12A", 2, 41), ("Ferry Dialogue", "14", 4, 128),
@@ -23,6 +24,14 @@ def clip(name, scene, start, duration, take):
             "clipMarkerArray": markers}
 
 
+def make_movie(parent):
+    """A movie of ten seconds at 25 frames a second, each frame bearing its number."""
+    path = pathlib.Path(parent) / "A001_C003.mov"
+    subprocess.run(["ffmpeg", "-v", "error", "-f", "lavfi", "-i", "testsrc2=size=640x360:rate=25:duration=10", "-c:v",
+                    "mjpeg", "-q:v", "5", path], check=True)
+    return path
+
+
 def make_shoot(parent):
     """Writes the folders below `parent` and returns their paths."""
     first, second = pathlib.Path(parent) / "Day 1 Harbour", pathlib.Path(parent) / "Day 2 Studio"
@@ -33,6 +42,8 @@ def make_shoot(parent):
         for take in range(1, takes + 1):
             file_name = f"{name}#{take:02d}.xml"
             record = clip(file_name, scene, start, duration + 7 * take, take)
+            if name == "Lighthouse":
+                record |= {"clipPath": str(make_movie(parent)), "clipProxyType": "clipTypeQT"}
             (first / file_name).write_bytes(plistlib.dumps(record))
             start += datetime.timedelta(seconds=duration + 240)
     return [first, second]

@@ -62,6 +62,14 @@ class TableViewTest : public QObject {
         QCOMPARE(keys, 0);
     }
 
+    void homeAndEndGoToTheFirstAndTheLastRowOfTheSameColumn() {
+        _table->setCurrentIndex(_model.index(1, 1));
+        QTest::keyClick(_table, Qt::Key_End);
+        QCOMPARE(_table->currentIndex(), _model.index(2, 1));
+        QTest::keyClick(_table, Qt::Key_Home);
+        QCOMPARE(_table->currentIndex(), _model.index(0, 1));
+    }
+
     void deleteKeysWithoutAnyoneToAnswerDoNothing() {
         int keys = 0;
         _table->keyDown = [&keys](QKeyEvent&) { ++keys; };
