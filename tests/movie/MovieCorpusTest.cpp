@@ -1,4 +1,5 @@
 #include "movie/Movie.h"
+#include "movie/MovieReports.h"
 #include "movie/MovieTools.h"
 #include "movie/MovieUpdate.h"
 #include "movie/SampleTimes.h"
@@ -30,6 +31,7 @@ class MovieCorpusTest : public QObject {
     QString pathOf(const Row& row) const { return _folder + u'/' + row[u"file"_s]; }
     void compareFacts(const Row& row, const Movie& movie);
     void compareVideo(const Row& row, const Movie& movie);
+    void compareReports(const Row& row, const QString& copy);
 
     QString _folder;
     QList<Row> _rows;
@@ -68,6 +70,50 @@ std::optional<QByteArray> mediaChecksums(const QString& path) {
                                   u"-f"_s, u"framemd5"_s, u"-"_s});
 }
 
+/// What an update necessarily changes in a report of another program; all else stays as it was.
+constexpr std::array changedByUpdates = {
+    // Copy and original are two files, in two folders and with rights of their own.
+    "SourceFile"_L1,
+    "System:Directory"_L1,
+    "System:FilePermissions"_L1,
+    // They were written and read at other times.
+    "General/1/File_Modified_Date"_L1,
+    "General/1/File_Modified_Date_Local"_L1,
+    "System:FileAccessDate"_L1,
+    "System:FileInodeChangeDate"_L1,
+    "System:FileModifyDate"_L1,
+    // The record takes its place,
+    "General/1/FileSize"_L1,
+    "System:FileSize"_L1,
+    // which is the file's bytes less those of the tracks,
+    "General/1/StreamSize"_L1,
+    // the file's bytes by its duration,
+    "General/1/OverallBitRate"_L1,
+    // and the bytes behind the media, where a header that outgrew its place now stands,
+    "General/1/FooterSize"_L1,
+    // so that the media cannot be shown before the whole file is there.
+    "General/1/IsStreamable"_L1,
+};
+
+/// In a file without media data, samples are said to be where the new header stands; mediainfo reads it as
+/// sound.
+constexpr auto changedWithoutMedia = "Audio/1/extra/Errors"_L1;
+
+/// The names whose values differ, with both.
+QStringList differences(const MovieReport& before, const MovieReport& after) {
+    MovieReport all = before;
+    all.insert(after);
+    QStringList texts;
+    for (const QString& name : all.keys()) {
+        const QString old = before.value(name, u"(none)"_s);
+        const QString fresh = after.value(name, u"(none)"_s);
+        if (old != fresh && std::ranges::find(changedByUpdates, name) == changedByUpdates.end()) {
+            texts.append(u"%1: %2 -> %3"_s.arg(name, old, fresh));
+        }
+    }
+    return texts;
+}
+
 }  // namespace
 
 void MovieCorpusTest::initTestCase() {
@@ -88,6 +134,9 @@ void MovieCorpusTest::initTestCase() {
         }
     }
     QVERIFY(_rows.size() > 30);
+    for (const char* program : {"ffprobe", "ffmpeg", "mediainfo", "exiftool"}) {
+        QVERIFY2(!QStandardPaths::findExecutable(QString::fromLatin1(program)).isEmpty(), program);
+    }
 }
 
 void MovieCorpusTest::factsAgree() {
@@ -229,10 +278,25 @@ void MovieCorpusTest::updatesLeaveEverythingElseAlone() {
         if (row[u"order"_s] != u"nomdat"_s) {
             QVERIFY2(mediaChecksums(copy) == mediaChecksums(pathOf(row)), qPrintable(row[u"file"_s]));
         }
+        compareReports(row, copy);
+        QVERIFY2(!QTest::currentTestFailed(), qPrintable(row[u"file"_s]));
         ++updated;
     }
     qInfo("%d movies updated", updated);
     QVERIFY(updated > 10);
+}
+
+void MovieCorpusTest::compareReports(const Row& row, const QString& copy) {
+    using Reporter = MovieReport (*)(const QString&);
+    for (const Reporter report : {Reporter(mediainfoReport), Reporter(exiftoolReport)}) {
+        const MovieReport before = report(pathOf(row));
+        QVERIFY(before.size() > 10);
+        QStringList changed = differences(before, report(copy));
+        if (row[u"order"_s] == u"nomdat"_s) {
+            changed.removeIf([](const QString& text) { return text.startsWith(changedWithoutMedia); });
+        }
+        QVERIFY2(changed.isEmpty(), qPrintable(changed.join(u'\n')));
+    }
 }
 
 QTEST_GUILESS_MAIN(MovieCorpusTest)
