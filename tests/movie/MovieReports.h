@@ -36,7 +36,7 @@ inline MovieReport mediainfoReport(const QString& path) {
     const QJsonValue media = QJsonDocument::fromJson(text.value_or(QByteArray()))[u"media"];
     MovieReport report;
     QMap<QString, int> counts;
-    for (const QJsonValue& track : media[u"track"].toArray()) {
+    for (const QJsonValue track : media[u"track"].toArray()) {
         const QString type = track[u"@type"].toString();
         addToReport(u"%1/%2"_s.arg(type).arg(++counts[type]), track, &report);
     }
