@@ -51,7 +51,8 @@ QString renamed(const QString& clipName, const QString& displayName) {
     }
     for (const QString& kind : {u".mov"_s, u".xml"_s}) {
         if (clipName.endsWith(kind)) {
-            return name.endsWith(kind) ? name : name + kind;
+            // A kind alone would be a hidden file of no kind.
+            return name.endsWith(kind) && name != kind ? name : name + kind;
         }
     }
     return name;
@@ -170,13 +171,21 @@ void ClipTableController::renameFile(const ClipInfo& clip, const QString& folder
         });
         return;
     }
+    const bool isInTable = isShown(place) && _model.rowOfClip(present) >= 0;
+    if (isInTable) {
+        deselectAll();
+    }
     present.setClipName(clipName);
     ClipInfo(clip).setClipName(clipName);
     writeClip(present, place);
     _undoManager.registerUndo(this, [this, present, place, oldName] { renameFile(present, place, oldName); });
     _undoManager.setActionName(u"rename Clip"_s);
-    _model.clipChanged(present);
-    sortClips();
+    if (isInTable) {
+        // Selected anew, so that what shows the clip's movie looks for it under its new name.
+        _model.clipChanged(present);
+        sortClips();
+        selectClip(present);
+    }
 }
 
 }  // namespace marquill

@@ -153,6 +153,19 @@ class ClipOperationsTest : public QObject {
         QCOMPARE(files(), QStringList(u"a#01.xml"_s));
     }
 
+    void nameWithoutRoomForAStarStaysInTheTrash() {
+        const QString longest = QString(251, u'x') + u".xml"_s;  // 255 bytes
+        _t->showNew({longest});
+        const QByteArray bytes = _t->folder.contents(longest);
+        deleteRow(0);
+        _t->folder.make(longest, "another clip");
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"xxx"_s));
+        _t->undo.undo();
+        QCOMPARE(_t->names(), QStringList());
+        QCOMPARE(_t->folder.contents(longest), QByteArray("another clip"));
+        QCOMPARE(_t->folder.contents(u"Trash/"_s + longest), bytes);
+    }
+
     void deleteWithoutRoomForATrashLogsAndKeepsAll() {
         _t->showNew({u"a#01.xml"_s});
         _t->folder.make(u"Trash"_s, "a file");
@@ -339,6 +352,29 @@ class ClipOperationsTest : public QObject {
         QVERIFY(_t->dialogs.alerts.isEmpty());
     }
 
+    void undoOfARenameSelectsTheClipAnew() {
+        _t->showNew({u"Shot#03.xml"_s, u"Wide#01.xml"_s});
+        rename(0, u"Close"_s);
+        const QSignalSpy selections(&Notifications::centre(), &Notifications::clipSelectionHasChanged);
+        _t->undo.undo();
+        QVERIFY(!selections.isEmpty());
+        QCOMPARE(_t->selected(), QStringList(u"Shot#03.xml"_s));
+        const ClipFolder other;
+        _t->controller->setClipArray({clipNamed(u"x#01.xml"_s)}, other.path());
+        _t->controller->selectClip(_t->clip(0));
+        _t->undo.redo();
+        QCOMPARE(files(), QStringList({u"Close#03.xml"_s, u"Wide#01.xml"_s}));
+        QCOMPARE(_t->selected(), QStringList(u"x#01.xml"_s));
+    }
+
+    void renameToAKindAloneKeepsTheKind() {
+        _t->showNew({u"Clip.xml"_s});
+        rename(0, u".xml"_s);
+        QCOMPARE(files(), QStringList(u".xml.xml"_s));
+        _t->showFolder();
+        QCOMPARE(_t->cell(0, ClipTableModel::clip).data().toString(), u".xml"_s);
+    }
+
     void renameToTheDisplayNameDoesNothing() {
         _t->showNew({u"A.B#C#03.xml"_s});
         for (const QString& same : {u"A.B#C"_s, u"A.B#C.xml"_s, u"A.B#C.mov"_s}) {
@@ -405,6 +441,7 @@ class ClipOperationsTest : public QObject {
         QTest::newRow("240 bytes") << QString(240, u'x');
         QTest::newRow("spaces") << u" a "_s;
         QTest::newRow("hash") << u"A#B"_s;
+        QTest::newRow("two dots") << u".."_s;
         QTest::newRow("dot and space") << u"Mr. Smith"_s;
     }
 
