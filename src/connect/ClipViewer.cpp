@@ -79,6 +79,7 @@ void ClipViewer::readFromURL(const QString& path) {
         _naturalSize = naturalBounds(*_movie);
     } else {
         qCInfo(logConnect) << movie.error().description();
+        _failure = movie.error().message;
     }
 }
 
@@ -105,6 +106,8 @@ void ClipViewer::windowControllerDidLoadNib() {
             &ClipViewer::close);
     connect(_movieView, &MovieView::willDisplayImage, this, &ClipViewer::frameDisplayed);
     connect(_movieView, &MovieView::currentTimeChanged, this, &ClipViewer::frameDisplayed);
+    connect(_movieView, &MovieView::movieFailed, _movieView, &MovieView::setMessage);
+    _movieView->setMessage(_failure);
     _resizing.setSingleShot(true);
     _resizing.setInterval(resizeRest);
     connect(&_resizing, &QTimer::timeout, this, &ClipViewer::keepProportions);

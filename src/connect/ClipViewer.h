@@ -59,6 +59,7 @@ class ClipViewer : public QObject {
     QString _path;
     std::optional<Movie> _movie;
     QSizeF _naturalSize;
+    std::optional<QString> _failure;  // why the file is no movie that could be opened
     MovieTime _lastTime{-1, -1, 0};
     std::unique_ptr<QWidget> _window;
     MovieView* _movieView = nullptr;

@@ -19,6 +19,10 @@ namespace {
 
 constexpr int patience = 10'000;  // milliseconds
 
+const QLabel* messageOf(const ClipViewer* viewer) {
+    return viewer->movieView().findChild<QLabel*>(u"message"_s);
+}
+
 bool isLoaded(const ClipViewer* viewer) {
     return QTest::qWaitFor([&] { return viewer->movieView().isLoaded(); }, patience);
 }
@@ -36,6 +40,7 @@ class ClipViewerTest : public QObject {
     void aMovieOpensInItsProportions_data();
     void aMovieOpensInItsProportions();
     void aFileThatIsNoMovieOpensAnEmptyViewer();
+    void aMovieThatDoesNotPlayLeavesAMessage();
     void aFileHasOneViewer();
     void resizingKeepsTheProportions();
     void theTimeCodeFollowsTheFrames();
@@ -120,6 +125,27 @@ void ClipViewerTest::aFileThatIsNoMovieOpensAnEmptyViewer() {
     QCOMPARE(viewer->timeCodeField().text(), QString());
     QVERIFY(_dialogs.alerts.isEmpty());
     QCOMPARE(viewer->windowWillResize({500, 100}), QSizeF(500, 100));
+    QVERIFY(messageOf(viewer)->isVisible());
+    QVERIFY(!messageOf(viewer)->text().isEmpty());
+}
+
+void ClipViewerTest::aMovieThatDoesNotPlayLeavesAMessage() {
+    // A codec that nobody knows.
+    const QString path = _maker.filePath(u"codec.mov"_s);
+    QVERIFY(QFile::copy(movie(u"320x180"_s), path));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    QByteArray bytes = file.readAll();
+    QVERIFY(bytes.contains("avc1"));
+    bytes.replace("avc1", "zzzz").replace("avcC", "zzzC");
+    QVERIFY(file.seek(0) && file.write(bytes) == bytes.size());
+    file.close();
+    const ClipViewer* viewer = open(path);
+    QVERIFY(viewer);
+    QVERIFY(!messageOf(viewer)->isVisible());
+    QTRY_VERIFY_WITH_TIMEOUT(messageOf(viewer)->isVisible(), patience);
+    QVERIFY(messageOf(viewer)->text().startsWith(u"This movie cannot be shown: "_s));
+    QVERIFY(!viewer->movieView().hasMovie());
 }
 
 void ClipViewerTest::aFileHasOneViewer() {
