@@ -1,12 +1,15 @@
 #include "clipmanager/ClipManager.h"
 #include "clipstore/Notifications.h"
 #include "connect/ClipTableController.h"
+#include "connect/MoviePreview.h"
 #include "connect/UnnumberedRows.h"
 #include "folders/RecordFolderController.h"
 #include "platform/FakeDialogs.h"
 #include "platform/Files.h"
+#include "platform/MovieMaker.h"
 #include "platform/PropertyListWriter.h"
 #include "platform/TableView.h"
+#include "platform/UndoManager.h"
 #include "platform/UserDefaults.h"
 #include "platform/WindowDescription.h"
 
@@ -65,6 +68,10 @@ class ClipManagerTest : public QObject {
 
     static QAbstractItemModel& clips(const ClipManager& manager) {
         return *manager.window()->findChild<QTableView*>(u"_clipTable"_s)->model();
+    }
+
+    static MoviePreview& preview(const ClipManager& manager) {
+        return *manager.window()->findChild<MoviePreview*>(u"_moviePreview"_s);
     }
 
     // As they are in the file now.
@@ -251,6 +258,56 @@ class ClipManagerTest : public QObject {
         QCOMPARE(undo.text(), u"Undo move Clip(s) to Trash"_s);
         manager->undoManager().undo();
         QVERIFY(QFile::exists(path(u"a/A#01.xml"_s)));
+    }
+
+    // Preview
+
+    void previewSaysWhyThereIsNoMovie() {
+        writeClip(u"a"_s, u"A#01.xml"_s);
+        QVERIFY(writeFile(path(u"text.mov"_s), "no movie"));
+        const auto manager = ClipManager::initWithSettings(settings());
+        manager->folderList().selectFolder(path(u"a"_s));
+        QTRY_COMPARE(clips(*manager).rowCount(), 1);
+        const auto* message = preview(*manager).findChild<QLabel*>(u"message"_s);
+        QVERIFY(!message->isVisibleTo(manager->window()));
+        ClipInfo clip = manager->clipTable().clipArray()[0];
+        manager->clipTable().selectClip(clip);
+        QTRY_COMPARE(message->text(), u"Clip not connected"_s);
+        manager->clipTable().deselectAll();
+        QTRY_COMPARE(message->text(), QString());
+        QVERIFY(!message->isVisibleTo(manager->window()));
+        clip.setClipPath(path(u"gone.mov"_s));
+        manager->clipTable().selectClip(clip);
+        QTRY_COMPARE(message->text(), u"Clip not found"_s);
+        manager->clipTable().deselectAll();
+        clip.setClipPath(path(u"text.mov"_s));
+        manager->clipTable().selectClip(clip);
+        QTRY_COMPARE(message->text(), Movie::open(path(u"text.mov"_s)).error().message);
+        QVERIFY(!preview(*manager).path());
+    }
+
+    void previewFollowsARenamingAndItsUndo() {
+        MovieMaker maker;
+        const QString movie = maker.makeShades(u"25.mov"_s, u"25"_s, 1);
+        QVERIFY(QFile::copy(movie, path(u"a/A#01.mov"_s)));
+        const auto manager = ClipManager::initWithSettings(settings());
+        manager->folderList().selectFolder(path(u"a"_s));
+        QTRY_COMPARE(clips(*manager).rowCount(), 1);
+        const ClipInfo clip = manager->clipTable().clipArray()[0];
+        manager->clipTable().selectClip(clip);
+        QTRY_COMPARE(preview(*manager).path(), path(u"a/A#01.mov"_s));
+        QTRY_VERIFY_WITH_TIMEOUT(preview(*manager).isLoaded(), 10'000);
+        manager->clipTable().setObjectValue(u"B"_s, ClipTableModel::clip, 0);
+        QTRY_COMPARE(preview(*manager).path(), path(u"a/B#01.mov"_s));
+        QTRY_VERIFY_WITH_TIMEOUT(preview(*manager).isLoaded(), 10'000);
+        manager->undoManager().undo();
+        QTRY_COMPARE(preview(*manager).path(), path(u"a/A#01.mov"_s));
+        QTRY_VERIFY_WITH_TIMEOUT(preview(*manager).isLoaded(), 10'000);
+        QTest::qWait(50);
+        QCOMPARE(preview(*manager).path(), path(u"a/A#01.mov"_s));
+        QCOMPARE(preview(*manager).findChild<QLabel*>(u"message"_s)->text(), QString());
+        manager->clipTable().deselectAll();
+        QTRY_COMPARE(preview(*manager).path(), std::nullopt);
     }
 
     // Recording folder
