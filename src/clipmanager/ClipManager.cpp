@@ -6,6 +6,7 @@
 #include "connect/ClipViewer.h"
 #include "connect/MoviePreview.h"
 #include "folders/RecordFolderController.h"
+#include "markers/Marker.h"
 #include "platform/ElidingLabel.h"
 #include "platform/EmptyHint.h"
 #include "platform/Files.h"
@@ -68,6 +69,18 @@ std::unique_ptr<ClipManager>& shared() {
 double coordinate(const Dictionary& settings, const QString& key, double otherwise) {
     const double number = settings.real(key).value_or(otherwise);
     return isScreenCoordinate(number) ? number : otherwise;
+}
+
+// Where the clip's markers are, in seconds from its start.
+QList<double> markerTimes(const ClipInfo& clip) {
+    QList<double> times;
+    for (const Value& value : clip.clipMarkerArray().value_or(Array()).values()) {
+        const std::optional<Dictionary> record = value.dictionary();
+        if (const std::optional<double> in = record ? Marker(*record).in() : std::nullopt) {
+            times.append(*in);
+        }
+    }
+    return times;
 }
 
 }  // namespace
@@ -313,6 +326,7 @@ void ClipManager::showMedia() {
     if (shown != _moviePreview->path()) {
         _moviePreview->setMovieByPath(shown);
     }
+    _moviePreview->setMarkerTimes(_moviePreview->movie() ? markerTimes(*clip) : QList<double>());
     std::optional<QString> message;
     if (clip && path.isEmpty()) {
         message = u"Clip not connected"_s;

@@ -7,6 +7,7 @@
 #include "platform/FakeDialogs.h"
 #include "platform/Files.h"
 #include "platform/MovieMaker.h"
+#include "platform/MovieScrubber.h"
 #include "platform/PropertyListWriter.h"
 #include "platform/TableView.h"
 #include "platform/UndoManager.h"
@@ -284,6 +285,23 @@ class ClipManagerTest : public QObject {
         manager->clipTable().selectClip(clip);
         QTRY_COMPARE(message->text(), Movie::open(path(u"text.mov"_s)).error().message);
         QVERIFY(!preview(*manager).path());
+    }
+
+    void previewShowsTheMarkersOfTheClip() {
+        MovieMaker maker;
+        writeClip(u"a"_s, u"A#01.xml"_s);
+        const auto manager = ClipManager::initWithSettings(settings());
+        manager->folderList().selectFolder(path(u"a"_s));
+        QTRY_COMPARE(clips(*manager).rowCount(), 1);
+        ClipInfo clip = manager->clipTable().clipArray()[0];
+        clip.setClipPath(maker.makeShades(u"25.mov"_s, u"25"_s, 1));
+        clip.setClipMarkerArray(Array{Dictionary{{u"clipMarkerIn"_s, 0.25}}, Dictionary(), u"text"_s,
+                                      Dictionary{{u"clipMarkerIn"_s, 0.5}}});
+        const auto* scrubber = preview(*manager).findChild<MovieScrubber*>();
+        manager->clipTable().selectClip(clip);
+        QTRY_COMPARE(scrubber->markerTimes(), QList<double>({0.25, 0.5}));
+        manager->clipTable().deselectAll();
+        QTRY_COMPARE(scrubber->markerTimes(), QList<double>());
     }
 
     void previewFollowsARenamingAndItsUndo() {
