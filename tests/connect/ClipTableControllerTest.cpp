@@ -379,6 +379,23 @@ class ClipTableControllerTest : public QObject {
         QVERIFY(_t->dialogs.alerts.isEmpty());
     }
 
+    void doubleClickOnAnUnselectedRowEditsNothing() {
+        _t->showNew({u"a#01.xml"_s});
+        _t->show();
+        controller().deselectAll();
+        controller().doubleClicked(_t->cell(0, ClipTableModel::clip));
+        QVERIFY(!_t->table.findChild<QLineEdit*>());
+    }
+
+    void changedLabelsReloadAndLeaveTheSelection() {
+        _t->showNew({u"a#01.xml"_s});
+        selectRow(0);
+        const QSignalSpy changes(&controller().model(), &QAbstractItemModel::dataChanged);
+        Q_EMIT Notifications::centre().labelListHasChanged(nullptr);
+        QVERIFY(!changes.isEmpty());
+        QCOMPARE(_t->selected(), QStringList(u"a#01.xml"_s));
+    }
+
     void openCommandsHandOverTheFile() {
         FakeBrowser browser;
         QDesktopServices::setUrlHandler(u"file"_s, this, "openFile");
@@ -394,6 +411,17 @@ class ClipTableControllerTest : public QObject {
         QCOMPARE(viewed, QStringList(path));
         QCOMPARE(_opened, QStringList(path));
         QCOMPARE(browser.revealed, QStringList(path));
+    }
+
+    void openCommandsTakeTheFirstOfTheSelected() {
+        _t->folder.make(u"a.mov"_s, "x");
+        _t->folder.make(u"b.mov"_s, "x");
+        controller().setClipArray({clipNamed(u"a.mov"_s), clipNamed(u"b.mov"_s)}, _t->folder.path());
+        controller().selectClips({_t->clip(1), _t->clip(0)});
+        QStringList viewed;
+        controller().openClipWithFile = [&viewed](const QString& file) { viewed.append(file); };
+        controller().openClipInViewer();
+        QCOMPARE(viewed, QStringList(_t->folder.path(u"a.mov"_s)));
     }
 
     void openCommandsAlertWhenTheFileIsGone_data() {

@@ -215,6 +215,8 @@ class ClipTableModelTest : public QObject {
         }
         QCOMPARE(statusOf(u"clipTypeP2"_s, true), ClipStatus::p2Connected);
         QCOMPARE(statusOf(u"clipTypeP2"_s, false), ClipStatus::p2NotFound);
+        QCOMPARE(statusOf(u"clipTypeOfLater"_s, true), ClipStatus::qtConnected);
+        QCOMPARE(statusOf(u"clipTypeOfLater"_s, false), ClipStatus::qtNotFound);
     }
 
     void everyStatusHasItsOwnPicture() {
