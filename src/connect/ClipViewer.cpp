@@ -113,6 +113,9 @@ void ClipViewer::windowControllerDidLoadNib() {
     connect(&_resizing, &QTimer::timeout, this, &ClipViewer::keepProportions);
     if (_movie) {
         _movieView->setMovie(movieSource(*_movie));
+        _watcher.addPath(_path);
+        connect(&_watcher, &QFileSystemWatcher::fileChanged, this,
+                [this] { _movieView->setMessage(lossOfFile(*_movie)); });
         _window->layout()->activate();
         _window->resize(windowWillResize(proposedSize).toSize());
         updateTimeCode();

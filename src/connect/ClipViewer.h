@@ -5,6 +5,7 @@
 #include "movie/Movie.h"
 #include "movie/MovieTime.h"
 
+#include <QFileSystemWatcher>
 #include <QObject>
 #include <QSizeF>
 #include <QTimer>
@@ -64,7 +65,8 @@ class ClipViewer : public QObject {
     std::unique_ptr<QWidget> _window;
     MovieView* _movieView = nullptr;
     QLabel* _timeCodeField = nullptr;
-    QTimer _resizing;  // runs while the user changes the window's size
+    QFileSystemWatcher _watcher;  // of the movie's file
+    QTimer _resizing;             // runs while the user changes the window's size
     bool _closing = false;
     bool _quitting = false;
 };

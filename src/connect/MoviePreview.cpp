@@ -103,17 +103,14 @@ void MoviePreview::fileChanged() {
     if (!_movie) {
         return;
     }
-    const QString path = *_path;
-    const auto attributes = FileSystem::current().attributes(path, Links::follow);
-    const FileIdentity& shown = _movie->identity();
-    if (attributes && attributes->device == shown.device && attributes->inode == shown.inode &&
-        attributes->size >= shown.size) {
+    const std::optional<QString> loss = lossOfFile(*_movie);
+    if (!loss) {
         return;
     }
+    const QString path = *_path;
     setMovieByPath(path);
     if (!_movie) {
-        explain(attributes ? tr("This movie was replaced, and cannot be shown any more.")
-                           : tr("This movie is gone. Was it moved or deleted?"));
+        explain(loss);
     }
 }
 

@@ -75,4 +75,15 @@ MovieSource movieSource(const Movie& movie) {
             .cleanAperture = track ? cleanAperture(*track) : std::nullopt};
 }
 
+std::optional<QString> lossOfFile(const Movie& movie) {
+    const Result<FileAttributes> attributes = FileSystem::current().attributes(movie.path(), Links::follow);
+    if (!attributes) {
+        return u"This movie is gone. Was it moved or deleted?"_s;
+    }
+    const FileIdentity& shown = movie.identity();
+    const bool isSame = attributes->device == shown.device && attributes->inode == shown.inode &&
+                        attributes->size >= shown.size;
+    return isSame ? std::nullopt : std::optional(u"This movie was replaced, and cannot be shown any more."_s);
+}
+
 }  // namespace marquill

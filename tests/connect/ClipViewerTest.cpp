@@ -1,6 +1,7 @@
 #include "connect/ClipViewer.h"
 #include "platform/DelayedCalls.h"
 #include "platform/FakeDialogs.h"
+#include "platform/Files.h"
 #include "platform/MovieMaker.h"
 #include "platform/MovieView.h"
 #include "platform/WindowDescription.h"
@@ -41,6 +42,8 @@ class ClipViewerTest : public QObject {
     void aMovieOpensInItsProportions();
     void aFileThatIsNoMovieOpensAnEmptyViewer();
     void aMovieThatDoesNotPlayLeavesAMessage();
+    void aMovieThatVanishesLeavesAMessage();
+    void aMovieThatIsReplacedLeavesAMessage();
     void aFileHasOneViewer();
     void resizingKeepsTheProportions();
     void theTimeCodeFollowsTheFrames();
@@ -146,6 +149,25 @@ void ClipViewerTest::aMovieThatDoesNotPlayLeavesAMessage() {
     QTRY_VERIFY_WITH_TIMEOUT(messageOf(viewer)->isVisible(), patience);
     QVERIFY(messageOf(viewer)->text().startsWith(u"This movie cannot be shown: "_s));
     QVERIFY(!viewer->movieView().hasMovie());
+}
+
+void ClipViewerTest::aMovieThatVanishesLeavesAMessage() {
+    const QString path = _maker.filePath(u"vanishing.mov"_s);
+    QVERIFY(QFile::copy(movie(u"64x48"_s), path));
+    ClipViewer* viewer = ClipViewer::openClipWithFile(path);
+    viewer->movieView().play();
+    QVERIFY(QFile::remove(path));
+    QTRY_COMPARE_WITH_TIMEOUT(messageOf(viewer)->text(), u"This movie is gone. Was it moved or deleted?"_s,
+                              patience);
+}
+
+void ClipViewerTest::aMovieThatIsReplacedLeavesAMessage() {
+    const QString path = _maker.filePath(u"replaced.mov"_s);
+    QVERIFY(QFile::copy(movie(u"64x48"_s), path));
+    ClipViewer* viewer = ClipViewer::openClipWithFile(path);
+    QVERIFY(writeFile(path, "no movie"));
+    QTRY_COMPARE_WITH_TIMEOUT(messageOf(viewer)->text(),
+                              u"This movie was replaced, and cannot be shown any more."_s, patience);
 }
 
 void ClipViewerTest::aFileHasOneViewer() {
