@@ -25,29 +25,42 @@ ActionTable::ActionTable(std::vector<ActionDescription> descriptions,
 }
 
 void ActionTable::buildMenus(QMenuBar& menuBar) {
-    QStringList titles;
-    for (const ActionDescription& description : _descriptions) {
-        if (titles.contains(description.menu)) {
-            continue;
-        }
-        titles.append(description.menu);
-        QMenu* menu = menuBar.addMenu(description.menu);
-        menu->setObjectName(description.menu);
-        addActions(description.menu, *menu);
+    for (size_t i = 0; i < _actions.size(); ++i) {
+        addAction(i, menuTitled(_descriptions[i].menu, menuBar));
     }
 }
 
 void ActionTable::addActions(const QString& menu, QMenu& target) {
     for (size_t i = 0; i < _actions.size(); ++i) {
-        if (_descriptions[i].menu != menu) {
-            continue;
+        if (_descriptions[i].menu == menu) {
+            addAction(i, target);
         }
-        if (_descriptions[i].lineAbove && !target.isEmpty()) {
-            target.addSeparator();
-        }
-        target.addAction(_actions[i]);
     }
-    connect(&target, &QMenu::aboutToShow, this, &ActionTable::validate);
+    validateWhenShown(target);
+}
+
+// The menu of that path, made where it is not there yet.
+QMenu& ActionTable::menuTitled(const QString& path, QMenuBar& menuBar) {
+    if (auto* menu = menuBar.findChild<QMenu*>(path)) {
+        return *menu;
+    }
+    const qsizetype slash = path.lastIndexOf(u'/');
+    const QString title = path.mid(slash + 1);
+    QMenu* menu = slash < 0 ? menuBar.addMenu(title) : menuTitled(path.left(slash), menuBar).addMenu(title);
+    menu->setObjectName(path);
+    validateWhenShown(*menu);
+    return *menu;
+}
+
+void ActionTable::addAction(size_t index, QMenu& menu) {
+    if (_descriptions[index].lineAbove && !menu.isEmpty()) {
+        menu.addSeparator();
+    }
+    menu.addAction(_actions[index]);
+}
+
+void ActionTable::validateWhenShown(QMenu& menu) {
+    connect(&menu, &QMenu::aboutToShow, this, &ActionTable::validate);
 }
 
 void ActionTable::validate() {

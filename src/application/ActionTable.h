@@ -18,7 +18,7 @@ namespace marquill {
 
 struct ActionDescription {
     QString id;    ///< stable; the object name of its QAction, e.g. "showHideMarkerWindow"
-    QString menu;  ///< the title of the menu it stands in
+    QString menu;  ///< the title of the menu it stands in, a submenu's behind its menu's: "&File/&Export"
     QString text;  ///< what it does; its title, where validateMenuItem sets no other
     QKeySequence shortcut;
     std::function<void()> run;
@@ -32,9 +32,10 @@ class ActionTable : public QObject {
     /// `validate` is called for every action before a menu shows it: it sets its title and enables it.
     ActionTable(std::vector<ActionDescription> descriptions, std::function<void(QAction&)> validate);
 
-    /// Adds one menu per menu title, in the order of the table.
+    /// Adds one menu per menu title, in the order of the table; a submenu stands where its first command
+    /// does.
     void buildMenus(QMenuBar& menuBar);
-    /// Adds the actions of the menu titled `menu` to `target`.
+    /// Adds the actions of the menu titled `menu` to `target`, those of its submenus left out.
     void addActions(const QString& menu, QMenu& target);
     /// Validates every action now, so that shortcuts follow the program's state too.
     void validate();
@@ -43,6 +44,10 @@ class ActionTable : public QObject {
     const std::vector<ActionDescription>& descriptions() const { return _descriptions; }
 
   private:
+    QMenu& menuTitled(const QString& path, QMenuBar& menuBar);
+    void addAction(size_t index, QMenu& menu);
+    void validateWhenShown(QMenu& menu);
+
     std::vector<ActionDescription> _descriptions;
     std::function<void(QAction&)> _validate;
     std::vector<QAction*> _actions;  // one per description, owned by this

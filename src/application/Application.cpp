@@ -2,6 +2,7 @@
 
 #include "application/ApplicationMenus.h"
 #include "application/FirstArrangement.h"
+#include "application/FocusedText.h"
 #include "application/GlobalKeys.h"
 #include "application/KeyboardShortcuts.h"
 #include "clipmanager/ClipManager.h"
@@ -88,10 +89,25 @@ void Application::buildMenus() {
         _actions->buildMenus(*clipManager->window()->menuBar());
     }
     _actions->addActions(u"&Window"_s, _contextMenu);
+    showKeysInToolTips();
     _actions->validate();
     connectValidation();
     _keyboardShortcuts = std::make_unique<KeyboardShortcuts>(*_actions);
     _keyboardShortcuts->setApplication(this);
+}
+
+// A tool bar button tells the key of the command that does the same.
+void Application::showKeysInToolTips() {
+    const ClipManager* clipManager = ClipManager::getClipManager();
+    for (const auto& [button, command] :
+         {std::pair(u"AddFolder"_s, u"addFolder"_s), std::pair(u"RemoveFolder"_s, u"removeFolder"_s),
+          std::pair(u"DeleteClips"_s, u"deleteItem"_s)}) {
+        auto* action = clipManager ? clipManager->window()->findChild<QAction*>(button) : nullptr;
+        const QKeySequence key = _actions->action(command)->shortcut();
+        if (action && !key.isEmpty()) {
+            action->setToolTip(action->toolTip() + u" (%1)"_s.arg(key.toString(QKeySequence::NativeText)));
+        }
+    }
 }
 
 // A shortcut runs only what is enabled, whether or not its menu has been opened.
@@ -127,9 +143,12 @@ bool Application::notify(QObject* receiver, QEvent* event) {
     // The window gets a key first and passes it on to the widget with the focus, so this is before
     // everything; the override event asks whether a menu's shortcut may have the key.
     if (_launched && receiver->isWindowType()) {
-        if (event->type() == QEvent::ShortcutOverride && takesGlobalKey(*static_cast<QKeyEvent*>(event))) {
-            event->accept();
-            return true;
+        if (event->type() == QEvent::ShortcutOverride) {
+            const auto& key = *static_cast<QKeyEvent*>(event);
+            if (takesGlobalKey(key) || isUndoOfNoTyping(key)) {
+                event->setAccepted(takesGlobalKey(key));
+                return true;
+            }
         }
         if (event->type() == QEvent::KeyPress && routeKeyDown(*static_cast<QKeyEvent*>(event))) {
             event->accept();
@@ -137,6 +156,13 @@ bool Application::notify(QObject* receiver, QEvent* event) {
         }
     }
     return QApplication::notify(receiver, event);
+}
+
+// A text field keeps the undo keys for itself even when it has no typing to take back; the window has.
+bool Application::isUndoOfNoTyping(const QKeyEvent& event) const {
+    using FocusedText::Command;
+    return (event.matches(QKeySequence::Undo) && !FocusedText::can(Command::undo)) ||
+           (event.matches(QKeySequence::Redo) && !FocusedText::can(Command::redo));
 }
 
 bool Application::takesGlobalKey(const QKeyEvent& event) const {

@@ -63,9 +63,11 @@ class Application : public QApplication {
 
   private:
     bool takesGlobalKey(const QKeyEvent& event) const;
+    bool isUndoOfNoTyping(const QKeyEvent& event) const;
     bool routeKeyDown(const QKeyEvent& event);
     void registerMainWindow();
     void buildMenus();
+    void showKeysInToolTips();
     void connectValidation();
     void connectPanels();
     void cleanUp();

@@ -1,5 +1,6 @@
 // The application's commands, and the titles and states of their menu items.
 #include "application/Application.h"
+#include "application/FocusedText.h"
 #include "application/KeyboardShortcuts.h"
 #include "clipmanager/ClipManager.h"
 #include "folders/Preferences.h"
@@ -44,6 +45,34 @@ void showHide(QWidget* window) {
     if (main && std::ranges::none_of(QApplication::topLevelWidgets(), &QWidget::isVisible)) {
         main->showMinimized();
     }
+}
+
+// The Edit menu's command of that id, as far as it is one on the control with the keyboard.
+std::optional<FocusedText::Command> editCommand(const QString& id) {
+    using FocusedText::Command;
+    static const QHash<QString, Command> commands{
+        {u"undo"_s, Command::undo}, {u"redo"_s, Command::redo},   {u"cut"_s, Command::cut},
+        {u"copy"_s, Command::copy}, {u"paste"_s, Command::paste}, {u"selectAll"_s, Command::selectAll}};
+    const auto found = commands.constFind(id);
+    return found == commands.cend() ? std::nullopt : std::optional(*found);
+}
+
+// Sets title and state of an Edit command; false when what it does is the window's and not a field's.
+bool validateEditCommand(QAction& action) {
+    const std::optional<FocusedText::Command> command = editCommand(action.objectName());
+    if (!command) {
+        return false;
+    }
+    const bool can = FocusedText::can(*command);
+    if (*command == FocusedText::Command::undo || *command == FocusedText::Command::redo) {
+        if (can) {
+            action.setText(*command == FocusedText::Command::undo ? u"Undo Typing"_s : u"Redo Typing"_s);
+            action.setEnabled(true);
+        }
+        return can;
+    }
+    action.setEnabled(can);
+    return true;
 }
 
 void openAddress(const QUrl& address, const char* invalidText) {
@@ -129,6 +158,8 @@ void Application::validateMenuItem(QAction& action) {
         action.setEnabled(!recording);
     } else if (id == "stopRecording"_L1) {
         action.setEnabled(recording);
+    } else if (validateEditCommand(action)) {
+        return;
     } else if (ClipManager* clipManager = ClipManager::getClipManager()) {
         clipManager->validateMenuItem(action);
     }

@@ -1,6 +1,7 @@
 #include "application/ApplicationMenus.h"
 
 #include "application/Application.h"
+#include "application/FocusedText.h"
 #include "application/GlobalKeys.h"
 #include "clipmanager/ClipManager.h"
 #include "connect/ClipTableController.h"
@@ -44,19 +45,28 @@ void withClipTable(void (ClipTableController::*command)()) {
     }
 }
 
-void withUndoManager(void (UndoManager::*command)()) {
-    if (ClipManager* clipManager = ClipManager::getClipManager()) {
-        (clipManager->undoManager().*command)();
+// Takes back the typing of the field in hand, or else the window's last step.
+void undoOrRedo(FocusedText::Command command, void (UndoManager::*step)()) {
+    if (FocusedText::can(command)) {
+        FocusedText::perform(command);
+    } else if (ClipManager* clipManager = ClipManager::getClipManager()) {
+        (clipManager->undoManager().*step)();
     }
 }
 
 std::vector<ActionDescription> editCommands() {
+    using FocusedText::Command;
     const QString menu = u"&Edit"_s;
     return {
-        {u"undo"_s, menu, u"Undo"_s, QKeySequence(Qt::CTRL | Qt::Key_Z),
-         [] { withUndoManager(&UndoManager::undo); }},
+        {u"undo"_s, menu, u"Undo"_s, QKeySequence::Undo,
+         [] { undoOrRedo(Command::undo, &UndoManager::undo); }},
         {u"redo"_s, menu, u"Redo"_s, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z),
-         [] { withUndoManager(&UndoManager::redo); }},
+         [] { undoOrRedo(Command::redo, &UndoManager::redo); }},
+        {u"cut"_s, menu, u"Cut"_s, QKeySequence::Cut, [] { FocusedText::perform(Command::cut); }, true},
+        {u"copy"_s, menu, u"Copy"_s, QKeySequence::Copy, [] { FocusedText::perform(Command::copy); }},
+        {u"paste"_s, menu, u"Paste"_s, QKeySequence::Paste, [] { FocusedText::perform(Command::paste); }},
+        {u"selectAll"_s, menu, u"Select All"_s, QKeySequence::SelectAll,
+         [] { FocusedText::perform(Command::selectAll); }},
     };
 }
 

@@ -1,8 +1,9 @@
 #include "application/KeyboardShortcuts.h"
 
 #include "application/ActionTable.h"
+#include "application/GlobalKeys.h"
 
-#include <QFormLayout>
+#include <QGridLayout>
 #include <QLabel>
 
 namespace marquill {
@@ -14,26 +15,79 @@ struct Shortcut {
     QString meaning;
 };
 
-// Keys that fire without a command of their own in a menu.
-std::vector<Shortcut> keysWithoutCommand() {
-    const auto option = [](const QString& digits) {
-        return QKeySequence(Qt::ALT).toString(QKeySequence::NativeText) + digits;
-    };
-    return {
-        {u"`"_s, u"Start Recording"_s},
-        {option(u"1 … 9, 0"_s), u"Fire Marker 1 … 10"_s},
-    };
+struct ShortcutGroup {
+    QString title;
+    std::vector<Shortcut> shortcuts;
+};
+
+constexpr int spacing = 16;
+constexpr int rowSpacing = 6;
+
+// Keys that no menu holds, because they fire everywhere or only in one control.
+std::vector<ShortcutGroup> keysWithoutCommand() {
+    const QString option = QKeySequence(Qt::ALT).toString(QKeySequence::NativeText);
+    return {{u"In Every Window"_s,
+             {{GlobalKeys::startRecordingKey().toString(QKeySequence::NativeText), u"Start a take"_s},
+              {u"`"_s, u"Start a take"_s},
+              {QKeySequence(Qt::Key_Escape).toString(QKeySequence::NativeText), u"Stop the take"_s},
+              {option + u"1 … 9, 0"_s, u"Fire marker 1 … 10"_s}}},
+            {u"In the Clip List"_s,
+             {{u"0 … 5"_s, u"Rate the clip"_s}, {u"Del"_s, u"Move the clips to the trash"_s}}},
+            {u"In the Marker List"_s,
+             {{u"Tab"_s, u"Edit the next cell of the marker"_s}, {u"Del"_s, u"Delete the markers"_s}}},
+            {u"In the Folder List"_s, {{u"Space"_s, u"Record into the folder"_s}}},
+            {u"On a Movie"_s,
+             {{u"Space"_s, u"Play or pause"_s},
+              {u"← →"_s, u"One frame back or on"_s},
+              {u"J K L"_s, u"Play backward, stop, play; again for faster"_s},
+              {u"Home End"_s, u"To the start, to the end"_s}}},
+            {u"On a Marker Button"_s, {{u"F2"_s, u"Change the title"_s}}}};
 }
 
-std::vector<Shortcut> shortcuts(const ActionTable& actions) {
-    std::vector<Shortcut> result = keysWithoutCommand();
+// One group a menu, without the commands that have no key.
+std::vector<ShortcutGroup> keysOfCommands(const ActionTable& actions) {
+    std::vector<ShortcutGroup> groups;
     for (const ActionDescription& description : actions.descriptions()) {
         const QString keys = description.shortcut.toString(QKeySequence::NativeText);
-        if (!keys.isEmpty()) {
-            result.push_back({keys, description.text});
+        if (keys.isEmpty()) {
+            continue;
+        }
+        const QString title = description.menu.section(u'/', 0, 0).remove(u'&');
+        if (groups.empty() || groups.back().title != title) {
+            groups.push_back({title, {}});
+        }
+        groups.back().shortcuts.push_back({keys, description.text});
+    }
+    return groups;
+}
+
+QLabel* newLabel(const QString& text, bool isStrong) {
+    auto* label = new QLabel(text);
+    label->setTextFormat(Qt::PlainText);
+    QFont font = label->font();
+    font.setBold(isStrong);
+    label->setFont(font);
+    return label;
+}
+
+// A column of groups: keys on the right of their half, what they do on the left of theirs.
+QGridLayout* columnOfGroups(const std::vector<ShortcutGroup>& groups) {
+    auto* column = new QGridLayout;
+    column->setHorizontalSpacing(spacing);
+    column->setVerticalSpacing(rowSpacing);
+    for (const ShortcutGroup& group : groups) {
+        if (column->rowCount() > 1) {
+            column->setRowMinimumHeight(column->rowCount(), spacing / 2);
+        }
+        column->addWidget(newLabel(group.title, true), column->rowCount(), 1);
+        for (const Shortcut& shortcut : group.shortcuts) {
+            const int row = column->rowCount();
+            column->addWidget(newLabel(shortcut.keys, false), row, 0, Qt::AlignRight);
+            column->addWidget(newLabel(shortcut.meaning, false), row, 1);
         }
     }
-    return result;
+    column->setRowStretch(column->rowCount(), 1);
+    return column;
 }
 
 }  // namespace
@@ -41,17 +95,12 @@ std::vector<Shortcut> shortcuts(const ActionTable& actions) {
 KeyboardShortcuts::KeyboardShortcuts(const ActionTable& actions) {
     setObjectName(u"_keyboardShortcuts"_s);
     setWindowTitle(u"Keyboard Shortcuts"_s);
-    auto* layout = new QFormLayout(this);
-    layout->setLabelAlignment(Qt::AlignRight);
-    layout->setHorizontalSpacing(16);
-    layout->setContentsMargins(16, 16, 16, 16);
+    auto* layout = new QHBoxLayout(this);
+    layout->setSpacing(2 * spacing);
+    layout->setContentsMargins(spacing, spacing, spacing, spacing);
     layout->setSizeConstraint(QLayout::SetFixedSize);
-    for (const Shortcut& shortcut : shortcuts(actions)) {
-        auto* keys = new QLabel(u"<b>"_s + shortcut.keys.toHtmlEscaped() + u"</b>"_s);
-        auto* meaning = new QLabel(shortcut.meaning);
-        meaning->setTextFormat(Qt::PlainText);
-        layout->addRow(keys, meaning);
-    }
+    layout->addLayout(columnOfGroups(keysWithoutCommand()));
+    layout->addLayout(columnOfGroups(keysOfCommands(actions)));
 }
 
 }  // namespace marquill
