@@ -33,6 +33,7 @@ class ToolkitDialogs : public Dialogs {
             buttons.append(box.addButton(text, QMessageBox::ActionRole));
         }
         box.setDefaultButton(qobject_cast<QPushButton*>(buttons.first()));
+        box.setEscapeButton(buttons.value(alert.cancelButton));
         box.exec();
         return std::max(0, static_cast<int>(buttons.indexOf(box.clickedButton())));
     }

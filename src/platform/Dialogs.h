@@ -15,7 +15,8 @@ namespace marquill {
 struct Alert {
     QString title;
     QString text;                     ///< the informative text below the title
-    QStringList buttons = {u"OK"_s};  ///< the first one is the default
+    QStringList buttons = {u"OK"_s};  ///< the first one is the default, which Return presses
+    int cancelButton = 0;             ///< index of the one that Escape and closing press
 };
 
 struct FileChoice {

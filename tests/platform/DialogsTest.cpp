@@ -86,6 +86,15 @@ class DialogsTest : public QObject {
         QCOMPARE(defaultButton, u"Keep"_s);
     }
 
+    void escapePressesTheCancelButton() {
+        whenOpen<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+        QCOMPARE(Dialogs::current().alert(nullptr, {.title = u"Delete?"_s,
+                                                    .text = u"Really?"_s,
+                                                    .buttons = {u"Keep"_s, u"Delete"_s, u"Cancel"_s},
+                                                    .cancelButton = 2}),
+                 2);
+    }
+
     void aChooserTakesSeveralFoldersAtOnce() {
         const QTemporaryDir place;
         QVERIFY(QDir(place.path()).mkdir(u"a"_s) && QDir(place.path()).mkdir(u"b"_s));
