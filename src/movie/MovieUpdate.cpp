@@ -50,7 +50,11 @@ QByteArray bodyOf(const UserData& userData) {
 }
 
 HeaderContent contentOf(AtomList list, const UserData& userData) {
-    std::ranges::find(list.atoms, UserData::type, &RawAtom::type)->body = bodyOf(userData);
+    auto place = std::ranges::find(list.atoms, UserData::type, &RawAtom::type);
+    if (place == list.atoms.end()) {
+        place = list.atoms.insert(place, {.type = UserData::type, .body = {}});
+    }
+    place->body = bodyOf(userData);
     HeaderContent content{.atoms = {}, .tail = std::exchange(list.tail, {})};
     AtomStream stream;
     list.transfer(stream);
@@ -73,8 +77,9 @@ Result<void> MovieUpdate::run(const UserData& userData) {
     if (Result<void> second = checkSecond(*layout, *atoms); !second) {
         return second;
     }
-    if (!atoms->find(UserData::type)) {
-        return failure(ErrorCode::notFound, u"The movie has no list of user data."_s);
+    if ((atoms->find(UserData::type) != nullptr) != _movie.userData().has_value()) {
+        return failure(ErrorCode::changedMeanwhile,
+                       u"The movie header is not what it was; read the movie again."_s);
     }
     const Result<UpdatePlan> plan = planUpdate(*layout, contentOf(*std::move(atoms), userData));
     if (!plan) {
@@ -227,10 +232,25 @@ Result<void> MovieUpdate::carryOut(const UpdatePlan& plan) {
     return {};
 }
 
-Result<void> update(const Movie& movie, FourCharCode type, int index, const QByteArray& bytes) {
+Result<void> write(const Movie& movie, const UserData& userData) {
+    const auto file = FileSystem::current().open(movie.path(), OpenMode::readWrite);
+    if (!file) {
+        return std::unexpected(file.error());
+    }
+    return MovieUpdate(movie, **file).run(userData);
+}
+
+Result<void> checkWritable(const Movie& movie) {
     if (movie.isReferenceMovie()) {
         return failure(ErrorCode::unsupported,
                        u"The file only refers to other movies; nothing is written to it."_s);
+    }
+    return {};
+}
+
+Result<void> update(const Movie& movie, FourCharCode type, int index, const QByteArray& bytes) {
+    if (Result<void> writable = checkWritable(movie); !writable) {
+        return writable;
     }
     if (!movie.userData()) {
         return failure(ErrorCode::notFound, u"The movie has no list of user data."_s);
@@ -242,21 +262,30 @@ Result<void> update(const Movie& movie, FourCharCode type, int index, const QByt
     if (Result<void> set = changed.setItem(type, index, bytes); !set) {
         return set;
     }
-    const auto file = FileSystem::current().open(movie.path(), OpenMode::readWrite);
-    if (!file) {
-        return std::unexpected(file.error());
+    return write(movie, changed);
+}
+
+Result<void> add(const Movie& movie) {
+    if (movie.userData()) {
+        return {};
     }
-    return MovieUpdate(movie, **file).run(changed);
+    if (Result<void> writable = checkWritable(movie); !writable) {
+        return writable;
+    }
+    return write(movie, UserData());
+}
+
+Result<void> namingTheFile(Result<void> result, const Movie& movie) {
+    if (!result) {
+        result.error().path = movie.path();
+    }
+    return result;
 }
 
 }  // namespace
 
 Result<void> setUserDataItem(const Movie& movie, FourCharCode type, int index, const QByteArray& bytes) {
-    Result<void> result = update(movie, type, index, bytes);
-    if (!result) {
-        result.error().path = movie.path();
-    }
-    return result;
+    return namingTheFile(update(movie, type, index, bytes), movie);
 }
 
 Result<void> setUserDataItem(const QString& path, FourCharCode type, int index, const QByteArray& bytes) {
@@ -265,6 +294,10 @@ Result<void> setUserDataItem(const QString& path, FourCharCode type, int index, 
         return std::unexpected(movie.error());
     }
     return setUserDataItem(*movie, type, index, bytes);
+}
+
+Result<void> addUserData(const Movie& movie) {
+    return namingTheFile(add(movie), movie);
 }
 
 }  // namespace marquill

@@ -18,4 +18,8 @@ Result<void> setUserDataItem(const Movie& movie, FourCharCode type, int index, c
 /// The same for the movie at `path`; errors also as of Movie::open.
 Result<void> setUserDataItem(const QString& path, FourCharCode type, int index, const QByteArray& bytes);
 
+/// Gives a movie without a user-data list an empty one, in the same safe way; one that has a list is left
+/// untouched. Errors as above, but for notFound.
+Result<void> addUserData(const Movie& movie);
+
 }  // namespace marquill
