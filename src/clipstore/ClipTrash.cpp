@@ -1,0 +1,59 @@
+#include "clipstore/ClipTrash.h"
+
+#include "platform/Files.h"
+#include "platform/Log.h"
+
+namespace marquill {
+
+namespace {
+
+bool isClipName(const QString& name) {
+    return name.endsWith(".mov"_L1) || name.endsWith(".xml"_L1);
+}
+
+/// The names in a trash; none where there is no trash.
+QStringList namesInTrash(const QString& trash) {
+    const Result<FileAttributes> attributes = FileSystem::current().attributes(trash, Links::keep);
+    if (!attributes || attributes->type != FileType::folder) {
+        return {};
+    }
+    const Result<QStringList> names = FileSystem::current().list(trash);
+    if (!names) {
+        qCWarning(logClipStore).noquote() << names.error().description();
+    }
+    return names.value_or(QStringList());
+}
+
+}  // namespace
+
+QString ClipTrash::trashFolder(const QString& folder) {
+    return joinPath(folder, u"Trash"_s);
+}
+
+QStringList ClipTrash::getTrashClips(const QStringList& folders) {
+    QStringList paths;
+    for (const QString& folder : folders) {
+        const QString trash = trashFolder(folder);
+        for (const QString& name : namesInTrash(trash)) {
+            if (isClipName(name)) {
+                paths.append(joinPath(trash, name));
+            }
+        }
+    }
+    // A folder that is listed twice has its clips but once.
+    paths.removeDuplicates();
+    return paths;
+}
+
+QStringList ClipTrash::deleteClips(const QStringList& paths) {
+    QStringList failed;
+    for (const QString& path : paths) {
+        if (const Result<void> removed = removeAll(path); !removed) {
+            qCWarning(logClipStore).noquote() << removed.error().description();
+            failed.append(path);
+        }
+    }
+    return failed;
+}
+
+}  // namespace marquill
