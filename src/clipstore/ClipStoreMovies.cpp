@@ -1,7 +1,6 @@
 #include "clipstore/ClipStoreMovies.h"
 
 #include "clipstore/ClipStore.h"
-#include "movie/Movie.h"
 #include "movie/MovieUpdate.h"
 #include "platform/Files.h"
 #include "platform/Log.h"
@@ -35,20 +34,6 @@ qint64 wholeSeconds(const Movie& movie) {
     return static_cast<qint64>(std::min(movie.seconds(), mostThatFits));
 }
 
-/// The record as it is stored; an empty one where there is none, and none where it cannot be parsed.
-std::optional<ClipInfo> storedInfo(const UserData& userData, const QString& path) {
-    const std::optional<QByteArray> bytes = userData.item(recordType, recordIndex);
-    if (!bytes) {
-        return ClipInfo();
-    }
-    const Result<Dictionary> record = readDictionary(*bytes);
-    if (!record) {
-        logFailure(record.error(), path);
-        return std::nullopt;
-    }
-    return ClipInfo(*record);
-}
-
 /// When the recording of a movie began.
 Date startOfRecording(const Movie& movie, const FileAttributes& attributes) {
     const Date created = attributes.creationDate();
@@ -64,12 +49,26 @@ std::optional<ClipInfo> ClipStoreMovies::info(const QString& path) {
     if (!movie || !movie->userData()) {
         return std::nullopt;
     }
-    std::optional<ClipInfo> info = storedInfo(*movie->userData(), path);
-    if (info) {
-        info->setClipName(lastPathComponent(path));
-        info->setClipDuration(wholeSeconds(*movie));
+    Result<ClipInfo> info = storedInfo(*movie);
+    if (!info) {
+        logFailure(info.error(), path);
+        return std::nullopt;
     }
-    return info;
+    info->setClipName(lastPathComponent(path));
+    info->setClipDuration(wholeSeconds(*movie));
+    return *std::move(info);
+}
+
+Result<ClipInfo> ClipStoreMovies::storedInfo(const Movie& movie) {
+    const std::optional<QByteArray> bytes = movie.userData()->item(recordType, recordIndex);
+    if (!bytes) {
+        return ClipInfo();
+    }
+    const Result<Dictionary> record = readDictionary(*bytes);
+    if (!record) {
+        return std::unexpected(record.error());
+    }
+    return ClipInfo(*record);
 }
 
 int ClipStoreMovies::update(const ClipInfo& info, const QString& path) {

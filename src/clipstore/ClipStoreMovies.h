@@ -3,6 +3,7 @@
 #pragma once
 
 #include "clipstore/ClipInfo.h"
+#include "movie/Movie.h"
 
 namespace marquill::ClipStoreMovies {
 
@@ -10,6 +11,10 @@ namespace marquill::ClipStoreMovies {
 /// does not open or has no user data, or when its record cannot be parsed; without a record, only those two
 /// keys.
 std::optional<ClipInfo> info(const QString& path);
+
+/// The record as `movie`, which has user data, stores it: an empty one where there is none. Errors:
+/// malformed, endsEarly or unsupported when it cannot be parsed.
+Result<ClipInfo> storedInfo(const Movie& movie);
 
 /// Writes the record into the movie at `path` unless it holds it already. Results as
 /// ClipStore::updateClipInfo.

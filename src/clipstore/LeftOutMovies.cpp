@@ -1,0 +1,54 @@
+#include "clipstore/LeftOutMovies.h"
+
+#include "clipstore/ClipStore.h"
+#include "clipstore/ClipStoreMovies.h"
+#include "movie/MovieUpdate.h"
+#include "platform/Files.h"
+
+namespace marquill {
+
+QString LeftOutMovie::name() const {
+    return lastPathComponent(path);
+}
+
+QStringList LeftOutMovies::moviesOfFolder(const QString& folder) {
+    QStringList names = ClipStore::getClipsForFolder(folder);
+    names.removeIf([](const QString& name) { return !name.endsWith(".mov"_L1); });
+    return names;
+}
+
+std::optional<LeftOutMovie> LeftOutMovies::examine(const QString& path) {
+    using Cause = LeftOutMovie::Cause;
+    const Result<Movie> movie = Movie::open(path);
+    if (!movie) {
+        return LeftOutMovie{path, Cause::cannotBeOpened, u"It cannot be opened: "_s + movie.error().message};
+    }
+    if (!movie->userData()) {
+        return LeftOutMovie{path, Cause::noUserData, u"It has no user data to keep the clip’s record in."_s};
+    }
+    if (const Result<ClipInfo> record = ClipStoreMovies::storedInfo(*movie); !record) {
+        return LeftOutMovie{path, Cause::recordCannotBeRead,
+                            u"Its record cannot be read: "_s + record.error().message};
+    }
+    return std::nullopt;
+}
+
+std::vector<LeftOutMovie> LeftOutMovies::find(const QString& folder) {
+    std::vector<LeftOutMovie> found;
+    for (const QString& name : moviesOfFolder(folder)) {
+        if (std::optional<LeftOutMovie> movie = examine(joinPath(folder, name))) {
+            found.push_back(*std::move(movie));
+        }
+    }
+    return found;
+}
+
+Result<void> LeftOutMovies::giveUserData(const QString& path) {
+    const Result<Movie> movie = Movie::open(path);
+    if (!movie) {
+        return std::unexpected(movie.error());
+    }
+    return addUserData(*movie);
+}
+
+}  // namespace marquill
