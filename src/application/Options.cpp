@@ -17,6 +17,7 @@ OptionsResult parseOptions(int& argc, char** argv) {
     CLI::App parser("Marquill logs video shots while they are filmed.", "marquill");
     std::string settingsFile;
     std::optional<Theme::Choice> theme;
+    bool demo = false;
     bool exitAfterFirstPaint = false;
     const std::map<std::string, Theme::Choice> themes{{"system", Theme::Choice::followSystem},
                                                       {"dark", Theme::Choice::dark},
@@ -27,6 +28,8 @@ OptionsResult parseOptions(int& argc, char** argv) {
     parser.add_option("--theme", theme, "Colours of the windows: system, dark or light")
         ->transform(CLI::CheckedTransformer(themes).description(""))
         ->type_name("NAME");
+    parser.add_flag("--demo", demo,
+                    "Open a small sample shoot, made anew at every start, with settings of its own");
     parser.add_flag("--exit-after-first-paint", exitAfterFirstPaint,
                     "Quit when the main window has been painted, to measure how long a start takes");
     CommandLine commands(parser);
@@ -38,7 +41,11 @@ OptionsResult parseOptions(int& argc, char** argv) {
     if (const std::optional<int> status = commands.run(argc, argv)) {
         return {{}, status};
     }
-    return {{QString::fromStdString(settingsFile), theme, exitAfterFirstPaint}, std::nullopt};
+    return {{.settingsFile = QString::fromStdString(settingsFile),
+             .theme = theme,
+             .demo = demo,
+             .exitAfterFirstPaint = exitAfterFirstPaint},
+            std::nullopt};
 }
 
 }  // namespace marquill
