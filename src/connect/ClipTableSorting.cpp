@@ -1,8 +1,7 @@
 // Sorting the clip table: what each column is sorted by is worked out once per row, then compared.
 #include "clipstore/ClipStore.h"
 #include "connect/ClipTableModel.h"
-
-#include <QCollator>
+#include "platform/NaturalCollator.h"
 
 #include <algorithm>
 #include <limits>
@@ -42,16 +41,6 @@ auto keyed(int count, KeyOfRow keyOfRow) {
         rows.push_back({keyOfRow(row), row});
     }
     return rows;
-}
-
-// Compares as people count: "2" before "10". The plain locale compares bytes, so another one stands in for
-// it.
-QCollator naturalCollator() {
-    const QLocale locale = QLocale().collation();
-    QCollator collator(locale.language() == QLocale::C ? QLocale(QLocale::English) : locale);
-    collator.setNumericMode(true);
-    collator.setCaseSensitivity(Qt::CaseInsensitive);
-    return collator;
 }
 
 // What is absent comes before what is not.

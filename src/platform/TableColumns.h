@@ -1,0 +1,59 @@
+// The columns of a table: their first arrangement, and the user's widths, order and sorting, which are kept
+// in the user defaults. Owned by the table's controller. Main thread.
+#pragma once
+
+#include "platform/Literals.h"
+
+#include <QObject>
+#include <QTimer>
+
+#include <vector>
+
+class QHeaderView;
+class QTableView;
+
+namespace marquill {
+
+/// A column of a table's model.
+struct TableColumn {
+    int column = 0;      ///< the model's
+    QString identifier;  ///< its name in the user defaults
+    QString sample;      ///< a text that its first width has room for
+};
+
+class TableColumns : public QObject {
+    Q_OBJECT
+
+  public:
+    /// Arranges the columns of `table`, whose model must be set, as the settings of the key `settingsKey` say
+    /// they were left; without settings in the order of `columns`, which has all of them.
+    TableColumns(QTableView& table, QString settingsKey, std::vector<TableColumn> columns,
+                 QObject* parent = nullptr);
+    ~TableColumns() override;
+
+    /// The column that the rows are sorted by, or -1.
+    int sortColumn() const;
+    Qt::SortOrder sortOrder() const;
+
+  Q_SIGNALS:
+    /// The user chose another column to sort by, or another direction.
+    void sortDescriptorsDidChange();
+
+  protected:
+    QHeaderView& header() const { return _header; }
+
+  private:
+    void arrange();
+    void restore();
+    void changed();
+    void save();
+    int columnOf(const QString& identifier) const;  // or -1
+    QString identifierOf(int column) const;
+
+    QHeaderView& _header;
+    QString _settingsKey;
+    std::vector<TableColumn> _columns;
+    QTimer _saving;  // a drag of a column's edge is many changes
+};
+
+}  // namespace marquill
