@@ -11,13 +11,30 @@ TableView::TableView(QWidget* parent) : QTableView(parent) {
     setTabKeyNavigation(false);
 }
 
+// Tab is offered here: the toolkit would move the focus before it let anyone see the key.
+bool TableView::event(QEvent* event) {
+    if (event->type() == QEvent::KeyPress && keyDown) {
+        auto* key = static_cast<QKeyEvent*>(event);
+        if (key->key() == Qt::Key_Tab && key->modifiers() == Qt::NoModifier) {
+            key->ignore();
+            keyDown(*key);
+            if (key->isAccepted()) {
+                return true;
+            }
+            key->accept();
+        }
+    }
+    return QTableView::event(event);
+}
+
 void TableView::keyPressEvent(QKeyEvent* event) {
     const bool isDelete = event->key() == Qt::Key_Backspace || event->key() == Qt::Key_Delete;
     if (isDelete && deleteItem) {
         deleteItem();
         return;
     }
-    if (!isDelete && keyDown && event->text().size() == 1) {
+    const bool isTab = event->key() == Qt::Key_Tab;  // offered before
+    if (!isDelete && !isTab && keyDown && event->text().size() == 1) {
         event->ignore();
         keyDown(*event);
         if (event->isAccepted()) {

@@ -17,11 +17,14 @@ class TableView : public QTableView {
     explicit TableView(QWidget* parent = nullptr);
 
     // What the controller answers to; each may be left unset.
-    std::function<void()> deleteItem;         ///< Delete and Forward Delete; the key goes no further
-    std::function<void(QKeyEvent&)> keyDown;  ///< other keys of one character; accepted: goes no further
+    std::function<void()> deleteItem;  ///< Delete and Forward Delete; the key goes no further
+    /// Other keys of one character, Tab among them; accepted: goes no further. A Tab that is not accepted
+    /// moves the focus on.
+    std::function<void(QKeyEvent&)> keyDown;
     std::function<QMenu*(const QContextMenuEvent&)> menuForEvent;  ///< the menu for a right click, or null
 
   protected:
+    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     /// Home and End go to the first and the last row, as rows are what is selected.
