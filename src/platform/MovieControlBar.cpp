@@ -36,6 +36,7 @@ MovieControlBar::MovieControlBar(QWidget* parent) : QWidget(parent) {
     _scrubber = new MovieScrubber(this);
     _scrubber->setObjectName(u"scrubber"_s);
     connect(_scrubber, &MovieScrubber::scrubbed, this, &MovieControlBar::scrubbed);
+    connect(_scrubber, &MovieScrubber::markerClicked, this, &MovieControlBar::markerClicked);
     layout->addWidget(_scrubber, 1);
     _mute = addButton("mute", u"MovieVolume"_s, tr("Mute"), tr("Sound off"), &MovieControlBar::muteOrUnmute);
     _volume = new QSlider(Qt::Horizontal, this);

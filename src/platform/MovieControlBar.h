@@ -28,6 +28,8 @@ class MovieControlBar : public QWidget {
     void stepBackward();
     void stepForward();
     void scrubbed(double seconds);
+    /// The tick of that one of the scrubber's marker times was clicked.
+    void markerClicked(int index);
     void muteOrUnmute();
     void volumeChosen(int percent);
 

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace marquill {
 
@@ -16,17 +17,22 @@ constexpr double knobRadius = 5;
 constexpr double grooveThickness = 3;
 constexpr double tickWidth = 1.5;
 constexpr double tickHeight = 10;
+constexpr double tickReach = 4;  // how far from a tick a click is on it
 
 int milliseconds(double seconds) {
     return static_cast<int>(
         std::clamp(std::round(seconds * 1000), 0.0, double{std::numeric_limits<int>::max()}));
 }
 
+bool isDrawn(double markerTime, double duration) {
+    return markerTime >= 0 && markerTime <= duration;
+}
+
 }  // namespace
 
 MovieScrubber::MovieScrubber(QWidget* parent) : QSlider(Qt::Horizontal, parent) {
     setAccessibleName(tr("Time"));
-    setToolTip(tr("Drag to another moment of the movie"));
+    setToolTip(tr("Drag to another moment of the movie, or click a marker's tick"));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setFocusPolicy(Qt::TabFocus);
     setRange(0, 0);
@@ -46,6 +52,7 @@ void MovieScrubber::setSeconds(double seconds) {
 
 void MovieScrubber::setMarkerTimes(const QList<double>& seconds) {
     _markerTimes = seconds;
+    _pressedMarker.reset();
     update();
 }
 
@@ -59,9 +66,26 @@ void MovieScrubber::scrubTo(double x) {
     if (_duration <= 0 || length <= 0) {
         return;
     }
-    const double seconds = std::clamp((x - knobRadius - 1) / length, 0.0, 1.0) * _duration;
+    show(std::clamp((x - knobRadius - 1) / length, 0.0, 1.0) * _duration);
+}
+
+void MovieScrubber::show(double seconds) {
     setValue(milliseconds(seconds));
     Q_EMIT scrubbed(seconds);
+}
+
+// The one with the nearest tick within reach; of several at one place the first.
+std::optional<int> MovieScrubber::markerAt(double x) const {
+    std::optional<int> nearest;
+    double distance = tickReach;
+    for (qsizetype i = 0; i < _markerTimes.size(); ++i) {
+        const double away = std::abs(positionOf(_markerTimes[i]) - x);
+        if (isDrawn(_markerTimes[i], _duration) && (nearest ? away < distance : away <= distance)) {
+            nearest = static_cast<int>(i);
+            distance = away;
+        }
+    }
+    return nearest;
 }
 
 void MovieScrubber::paintEvent(QPaintEvent* /*event*/) {
@@ -93,7 +117,7 @@ void MovieScrubber::paintEvent(QPaintEvent* /*event*/) {
 void MovieScrubber::drawMarkers(QPainter& painter) const {
     painter.setBrush(palette().color(QPalette::ButtonText));
     for (const double seconds : _markerTimes) {
-        if (seconds >= 0 && seconds <= _duration) {
+        if (isDrawn(seconds, _duration)) {
             painter.drawRect(QRectF(positionOf(seconds) - tickWidth / 2, (height() - tickHeight) / 2,
                                     tickWidth, tickHeight));
         }
@@ -106,18 +130,34 @@ void MovieScrubber::mousePressEvent(QMouseEvent* event) {
         return;
     }
     setSliderDown(true);
-    scrubTo(event->position().x());
-}
-
-void MovieScrubber::mouseMoveEvent(QMouseEvent* event) {
-    if (isSliderDown()) {
-        scrubTo(event->position().x());
+    _pressedAt = event->position().x();
+    _pressedMarker = _duration > 0 ? markerAt(_pressedAt) : std::nullopt;
+    if (_pressedMarker) {
+        show(_markerTimes[*_pressedMarker]);
+    } else {
+        scrubTo(_pressedAt);
     }
 }
 
+void MovieScrubber::mouseMoveEvent(QMouseEvent* event) {
+    if (!isSliderDown()) {
+        return;
+    }
+    // A hand that trembles does not leave the tick.
+    if (_pressedMarker && std::abs(event->position().x() - _pressedAt) <= tickReach) {
+        return;
+    }
+    _pressedMarker.reset();
+    scrubTo(event->position().x());
+}
+
 void MovieScrubber::mouseReleaseEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton) {
-        setSliderDown(false);
+    if (event->button() != Qt::LeftButton) {
+        return;
+    }
+    setSliderDown(false);
+    if (const std::optional<int> marker = std::exchange(_pressedMarker, std::nullopt)) {
+        Q_EMIT markerClicked(*marker);
     }
 }
 

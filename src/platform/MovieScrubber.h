@@ -4,6 +4,8 @@
 #include <QList>
 #include <QSlider>
 
+#include <optional>
+
 namespace marquill {
 
 /// Its value is the time in milliseconds. Keys are left to the movie view around it.
@@ -30,6 +32,8 @@ class MovieScrubber : public QSlider {
   Q_SIGNALS:
     /// The user wants to see the moment `seconds`.
     void scrubbed(double seconds);
+    /// The user clicked the tick of markerTimes()[index]; `scrubbed` has told its time already.
+    void markerClicked(int index);
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -41,10 +45,14 @@ class MovieScrubber : public QSlider {
 
   private:
     void scrubTo(double x);
+    void show(double seconds);
+    std::optional<int> markerAt(double x) const;
     void drawMarkers(QPainter& painter) const;
 
     double _duration = 0;
     QList<double> _markerTimes;
+    std::optional<int> _pressedMarker;  // while the mouse button is down on its tick
+    double _pressedAt = 0;              // logical pixels
 };
 
 }  // namespace marquill

@@ -85,6 +85,7 @@ void MovieView::connectControlBar() {
         _shuttle->stop();
         setCurrentSeconds(seconds);
     });
+    connect(_controlBar, &MovieControlBar::markerClicked, this, &MovieView::markerClicked);
     connect(_controlBar, &MovieControlBar::volumeChosen, this, &MovieView::setVolume);
     connect(_controlBar, &MovieControlBar::muteOrUnmute, this,
             [this] { _player->setMuted(!_player->isMuted()); });

@@ -93,6 +93,9 @@ class MovieView : public QWidget {
     void movieFailed(const QString& message);
     void playingChanged(bool playing);
     void volumeChanged(int percent);
+    /// The user clicked the tick of the marker time `index`, from 0, of those that were set; the movie goes
+    /// there.
+    void markerClicked(int index);
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
