@@ -78,6 +78,8 @@ class MovieViewTest : public QObject {
     void aTurnedMovieIsShownUpright();
     void onlyTheCleanApertureIsShown();
     void markersAreDrawnAsTicks();
+    void aClickNearATickGoesThereExactly();
+    void draggingAwayFromATickScrubs();
     void everyControlHasANameAndATip();
     void volumeIsKeptInBounds();
     void aMovieWithoutPictureIsPlayed();
@@ -465,6 +467,55 @@ void MovieViewTest::markersAreDrawnAsTicks() {
     QCOMPARE(ink(3), paper);
     _view->clearMovie();
     QVERIFY(scrubber->markerTimes().isEmpty());
+}
+
+void MovieViewTest::aClickNearATickGoesThereExactly() {
+    MovieScrubber scrubber;
+    scrubber.resize(320, 16);
+    scrubber.setDuration(10);
+    // The third and the fourth are 6 pixels apart, the others not to be seen.
+    scrubber.setMarkerTimes({-1, 99, 4.0, 4.2, 9.0, std::nan("")});
+    const QSignalSpy scrubbed(&scrubber, &MovieScrubber::scrubbed);
+    const QSignalSpy clicked(&scrubber, &MovieScrubber::markerClicked);
+    const auto click = [&](double x) {
+        QTest::mouseClick(&scrubber, Qt::LeftButton, Qt::NoModifier, QPoint(qRound(x), 8));
+    };
+    click(scrubber.positionOf(4.0) + 2);
+    click(scrubber.positionOf(4.2) - 2);
+    click(scrubber.positionOf(9.0) + 3);
+    QCOMPARE(scrubbed.size(), 3);
+    QCOMPARE(scrubbed[0][0].toDouble(), 4.0);
+    QCOMPARE(scrubbed[1][0].toDouble(), 4.2);
+    QCOMPARE(scrubbed[2][0].toDouble(), 9.0);
+    QCOMPARE(clicked.size(), 3);
+    QCOMPARE(clicked[0][0].toInt(), 2);
+    QCOMPARE(clicked[1][0].toInt(), 3);
+    QCOMPARE(clicked[2][0].toInt(), 4);
+    click(scrubber.positionOf(9.0) - 6);
+    click(scrubber.positionOf(0.0));
+    QCOMPARE(scrubbed.size(), 5);
+    QCOMPARE(clicked.size(), 3);
+}
+
+void MovieViewTest::draggingAwayFromATickScrubs() {
+    MovieScrubber scrubber;
+    scrubber.resize(320, 16);
+    scrubber.setDuration(10);
+    scrubber.setMarkerTimes({5.0});
+    const QSignalSpy scrubbed(&scrubber, &MovieScrubber::scrubbed);
+    const QSignalSpy clicked(&scrubber, &MovieScrubber::markerClicked);
+    const QPoint tick(qRound(scrubber.positionOf(5.0)), 8);
+    QTest::mousePress(&scrubber, Qt::LeftButton, Qt::NoModifier, tick);
+    QTest::mouseMove(&scrubber, tick + QPoint(2, 0));
+    QCOMPARE(scrubbed.size(), 1);
+    QTest::mouseMove(&scrubber, tick + QPoint(40, 0));
+    QCOMPARE(scrubbed.size(), 2);
+    QVERIFY(scrubbed[1][0].toDouble() > 6);
+    // Back over the tick it is a drag still.
+    QTest::mouseMove(&scrubber, tick);
+    QTest::mouseRelease(&scrubber, Qt::LeftButton, Qt::NoModifier, tick);
+    QCOMPARE(scrubbed.size(), 3);
+    QCOMPARE(clicked.size(), 0);
 }
 
 void MovieViewTest::everyControlHasANameAndATip() {

@@ -70,6 +70,29 @@ class TableViewTest : public QObject {
         QCOMPARE(_table->currentIndex(), _model.index(0, 1));
     }
 
+    void tabIsOfferedOnceAndElseMovesTheFocusOn() {
+        QWidget next(_window.get());
+        next.setFocusPolicy(Qt::StrongFocus);
+        next.show();
+        bool takes = true;
+        int keys = 0;
+        _table->keyDown = [&](QKeyEvent& event) {
+            ++keys;
+            event.setAccepted(takes && event.key() == Qt::Key_Tab);
+        };
+        QTest::keyClick(_table, Qt::Key_Tab);
+        QVERIFY(_table->hasFocus());
+        QCOMPARE(keys, 1);
+        QTest::keyClick(_table, Qt::Key_Tab, Qt::ShiftModifier);
+        QVERIFY(!_table->hasFocus());
+        QCOMPARE(keys, 1);
+        _table->setFocus();
+        takes = false;
+        QTest::keyClick(_table, Qt::Key_Tab);
+        QVERIFY(!_table->hasFocus());
+        QCOMPARE(keys, 2);
+    }
+
     void deleteKeysWithoutAnyoneToAnswerDoNothing() {
         int keys = 0;
         _table->keyDown = [&keys](QKeyEvent&) { ++keys; };
