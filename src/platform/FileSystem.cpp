@@ -1,5 +1,7 @@
 #include "platform/FileSystem.h"
 
+#include "platform/Files.h"
+
 #include <algorithm>
 #include <atomic>
 
@@ -13,6 +15,20 @@ std::atomic<FileSystem*> installed = nullptr;
 
 Date FileAttributes::creationDate() const {
     return birthDate ? std::min(*birthDate, modificationDate) : modificationDate;
+}
+
+Result<std::vector<FolderEntry>> FileSystem::entries(const QString& folder) {
+    const Result<QStringList> names = list(folder);
+    if (!names) {
+        return std::unexpected(names.error());
+    }
+    std::vector<FolderEntry> entries;
+    entries.reserve(static_cast<std::size_t>(names->size()));
+    for (const QString& name : *names) {
+        const Result<FileAttributes> found = attributes(joinPath(folder, name), Links::keep);
+        entries.push_back({.name = name, .type = found ? found->type : FileType::other});
+    }
+    return entries;
 }
 
 FileSystem& FileSystem::current() {

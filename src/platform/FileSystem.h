@@ -12,6 +12,7 @@
 #include <memory>
 #include <optional>
 #include <span>
+#include <vector>
 
 namespace marquill {
 
@@ -34,6 +35,11 @@ struct FileAttributes {
     bool isSameFile(const FileAttributes& other) const {
         return device == other.device && inode == other.inode;
     }
+};
+
+struct FolderEntry {
+    QString name;
+    FileType type = FileType::other;  ///< of the entry itself: a link is a link
 };
 
 /// A file held open; closed when it is destroyed. Offsets and lengths are in bytes.
@@ -75,6 +81,8 @@ class FileSystem {
     /// The names in a folder, without "." and "..", in the order the file system lists them. Names whose
     /// bytes are no text cannot be told apart as texts; they are left out, and logged.
     virtual Result<QStringList> list(const QString& folder) = 0;
+    /// The same, with what stands behind each name.
+    virtual Result<std::vector<FolderEntry>> entries(const QString& folder);
     /// Gives `from` the name `to` in one step, replacing a file of that name.
     virtual Result<void> replace(const QString& from, const QString& to) = 0;
     /// Gives `from` the name `to` in one step; alreadyExists when something has it.

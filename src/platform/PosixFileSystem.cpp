@@ -175,8 +175,29 @@ bool isSelfOrParent(QByteArrayView name) {
     return name == "." || name == "..";
 }
 
-Result<QStringList> namesIn(DIR* folder, const QString& path) {
-    QStringList names;
+/// What an entry is, by the listing itself where that says so.
+FileType typeOf(const dirent& entry, DIR* folder) {
+    switch (entry.d_type) {
+        case DT_REG:
+            return FileType::regular;
+        case DT_DIR:
+            return FileType::folder;
+        case DT_LNK:
+            return FileType::symbolicLink;
+        case DT_UNKNOWN:
+            break;
+        default:
+            return FileType::other;
+    }
+    struct stat status = {};
+    return fstatat(dirfd(folder), static_cast<const char*>(entry.d_name), &status, AT_SYMLINK_NOFOLLOW) == 0
+               ? typeOf(status.st_mode)
+               : FileType::other;
+}
+
+/// Calls `visit(name, entry)` for each entry whose name is a text.
+template <std::invocable<QString, const dirent&> Visit>
+Result<void> forEachEntry(DIR* folder, const QString& path, Visit visit) {
     for (;;) {
         errno = 0;
         // The stream belongs to this call alone, which is all that readdir asks for.
@@ -189,17 +210,14 @@ Result<QStringList> namesIn(DIR* folder, const QString& path) {
             continue;
         }
         if (std::optional<QString> text = textOfNativeName(name)) {
-            names.append(*std::move(text));
+            visit(*std::move(text), *entry);
         } else {
             qCWarning(logPlatform).noquote()
                 << path + u": the file name"_s << name.toByteArray().toPercentEncoding()
                 << u"is no UTF-8 text; the file is left out."_s;
         }
     }
-    if (errno != 0) {
-        return systemFailure(errno, path);
-    }
-    return names;
+    return outcome(errno, path);
 }
 
 class PosixFileSystem final : public FileSystem {
@@ -208,6 +226,7 @@ class PosixFileSystem final : public FileSystem {
     Result<FileAttributes> attributes(const QString& path, Links links) override;
     Result<QString> linkTarget(const QString& link) override;
     Result<QStringList> list(const QString& folder) override;
+    Result<std::vector<FolderEntry>> entries(const QString& folder) override;
     Result<void> replace(const QString& from, const QString& to) override;
     Result<void> move(const QString& from, const QString& to) override;
     Result<void> removeFile(const QString& path) override;
@@ -289,7 +308,9 @@ Result<QString> PosixFileSystem::linkTarget(const QString& link) {
     return failure(ErrorCode::unsupported, u"The link points to a name that is no text."_s, link);
 }
 
-Result<QStringList> PosixFileSystem::list(const QString& folder) {
+/// Collects `make(name, entry, stream)` of each entry of a folder into a `List`.
+template <class List, class Make>
+Result<List> listed(const QString& folder, Make make) {
     const Result<QByteArray> name = encoded(folder);
     if (!name) {
         return std::unexpected(name.error());
@@ -298,7 +319,24 @@ Result<QStringList> PosixFileSystem::list(const QString& folder) {
     if (!stream) {
         return systemFailure(errno, folder);
     }
-    return namesIn(stream.get(), folder);
+    List list;
+    const auto add = [&](QString text, const dirent& entry) {
+        list.push_back(make(std::move(text), entry, stream.get()));
+    };
+    if (const Result<void> done = forEachEntry(stream.get(), folder, add); !done) {
+        return std::unexpected(done.error());
+    }
+    return list;
+}
+
+Result<QStringList> PosixFileSystem::list(const QString& folder) {
+    return listed<QStringList>(folder, [](QString name, const dirent&, DIR*) { return name; });
+}
+
+Result<std::vector<FolderEntry>> PosixFileSystem::entries(const QString& folder) {
+    return listed<std::vector<FolderEntry>>(folder, [](QString name, const dirent& entry, DIR* stream) {
+        return FolderEntry{.name = std::move(name), .type = typeOf(entry, stream)};
+    });
 }
 
 Result<void> PosixFileSystem::replace(const QString& from, const QString& to) {

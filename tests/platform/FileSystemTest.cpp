@@ -5,6 +5,7 @@
 #include "platform/NativeName.h"
 #include "platform/SystemError.h"
 
+#include <QMap>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -153,6 +154,29 @@ class FileSystemTest : public QObject {
         QCOMPARE(names, QStringList({u".hidden"_s, u"Trash"_s, u"b#01.xml"_s}));
         QCOMPARE(codeOf(files().list(path(u"none"_s))), ErrorCode::notFound);
         QCOMPARE(codeOf(files().list(path(u".hidden"_s))), ErrorCode::notFound);
+    }
+
+    void entriesSayWhatEachNameIsInTheOrderOfTheListing() {
+        QVERIFY(writeFile(path(u"a.mov"_s), "x"));
+        QVERIFY(files().makeFolder(path(u"b.mov"_s)));
+        QCOMPARE(symlink("b.mov", path(u"c.mov"_s).toUtf8().constData()), 0);
+        QCOMPARE(mkfifo(path(u"d.mov"_s).toUtf8().constData(), 0600), 0);
+        FaultyFileSystem wrapper;  // asks for each one's attributes, as any file system may
+        for (FileSystem* fileSystem : {&files(), static_cast<FileSystem*>(&wrapper)}) {
+            const auto entries = fileSystem->entries(_folder->path()).value();
+            QStringList names;
+            QMap<QString, FileType> types;
+            for (const FolderEntry& entry : entries) {
+                names.append(entry.name);
+                types[entry.name] = entry.type;
+            }
+            QCOMPARE(names, files().list(_folder->path()).value());
+            QCOMPARE(types[u"a.mov"_s], FileType::regular);
+            QCOMPARE(types[u"b.mov"_s], FileType::folder);
+            QCOMPARE(types[u"c.mov"_s], FileType::symbolicLink);
+            QCOMPARE(types[u"d.mov"_s], FileType::other);
+            QCOMPARE(codeOf(fileSystem->entries(path(u"none"_s))), ErrorCode::notFound);
+        }
     }
 
     void listsInTheFileSystemsOwnOrder() {
