@@ -2,6 +2,7 @@
 
 #include "clipstore/ClipStore.h"
 #include "movie/MovieUpdate.h"
+#include "movie/RecordingStart.h"
 #include "platform/Files.h"
 #include "platform/Log.h"
 #include "platform/PropertyListReader.h"
@@ -32,14 +33,6 @@ void logFailure(Error error, const QString& path) {
 qint64 wholeSeconds(const Movie& movie) {
     constexpr double mostThatFits = 0x1p62;
     return static_cast<qint64>(std::min(movie.seconds(), mostThatFits));
-}
-
-/// When the recording of a movie began.
-Date startOfRecording(const Movie& movie, const FileAttributes& attributes) {
-    const Date created = attributes.creationDate();
-    // Written in one go when the recording ended, it began its duration earlier.
-    const bool wasWrittenAtEnd = attributes.modificationDate == created;
-    return wasWrittenAtEnd ? dateByAdding(created, -movie.seconds()) : created;
 }
 
 }  // namespace
@@ -113,7 +106,7 @@ Result<ClipInfo> ClipStore::proxyClipFromMovieURL(const QString& path) {
     if (!attributes) {
         return std::unexpected(attributes.error());
     }
-    const Date start = startOfRecording(*movie, *attributes);
+    const Date start = recordingStart(*attributes, movie->seconds());
     ClipInfo info;
     info.setClipCreationDate(start);
     info.setClipRecordingStartTime(start);
