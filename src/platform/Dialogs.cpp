@@ -19,6 +19,14 @@ QStringList nameFilters(const QStringList& suffixes) {
     return patterns.isEmpty() ? QStringList() : QStringList(patterns.join(u' '));
 }
 
+std::optional<QString> oneChosen(QFileDialog& chooser) {
+    chooser.setWindowModality(Qt::WindowModal);
+    if (chooser.exec() != QDialog::Accepted || chooser.selectedFiles().isEmpty()) {
+        return std::nullopt;
+    }
+    return chooser.selectedFiles().constFirst();
+}
+
 class ToolkitDialogs : public Dialogs {
   public:
     int alert(QWidget* window, const Alert& alert) override {
@@ -51,6 +59,20 @@ class ToolkitDialogs : public Dialogs {
             }
         }
         return chooser.exec() == QDialog::Accepted ? chooser.selectedFiles() : QStringList();
+    }
+
+    std::optional<QString> chooseFolder(QWidget* window, const FileChoice& choice) override {
+        QFileDialog chooser(window, choice.title, choice.startFolder);
+        chooser.setFileMode(QFileDialog::Directory);
+        chooser.setOption(QFileDialog::ShowDirsOnly);
+        return oneChosen(chooser);
+    }
+
+    std::optional<QString> chooseFile(QWidget* window, const FileChoice& choice) override {
+        QFileDialog chooser(window, choice.title, choice.startFolder);
+        chooser.setFileMode(QFileDialog::ExistingFile);
+        chooser.setNameFilters(nameFilters(choice.suffixes));
+        return oneChosen(chooser);
     }
 
     QStringList chooseFiles(QWidget* window, const FileChoice& choice) override {

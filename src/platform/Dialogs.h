@@ -35,6 +35,10 @@ class Dialogs {
     virtual int alert(QWidget* window, const Alert& alert) = 0;
     /// Lets the user choose folders, several at once, and make new ones; none when cancelled.
     virtual QStringList chooseFolders(QWidget* window, const FileChoice& choice) = 0;
+    /// Lets the user choose one folder; nothing when cancelled.
+    virtual std::optional<QString> chooseFolder(QWidget* window, const FileChoice& choice) = 0;
+    /// Lets the user choose one existing file; nothing when cancelled.
+    virtual std::optional<QString> chooseFile(QWidget* window, const FileChoice& choice) = 0;
     /// Lets the user choose existing files, several at once; none when cancelled.
     virtual QStringList chooseFiles(QWidget* window, const FileChoice& choice) = 0;
     /// Lets the user name a file to write, asking before an existing one is taken; nothing when cancelled.

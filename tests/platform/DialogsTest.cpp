@@ -119,11 +119,50 @@ class DialogsTest : public QObject {
         QCOMPARE(Dialogs::current().chooseFolders(nullptr, choice), QStringList{place.filePath(u"a"_s)});
     }
 
+    void oneFolderIsChosenUnderItsTitle() {
+        const QTemporaryDir place;
+        QVERIFY(QDir(place.path()).mkdir(u"card"_s));
+        const FileChoice choice{
+            .title = u"Choose root folder with P2 clips"_s, .startFolder = place.path(), .suffixes = {}};
+        QString title;
+        whenOpen<QFileDialog>([&](QFileDialog& chooser) {
+            title = chooser.windowTitle();
+            chooser.reject();
+        });
+        QCOMPARE(Dialogs::current().chooseFolder(nullptr, choice), std::nullopt);
+        QCOMPARE(title, choice.title);
+        whenOpen<QFileDialog>([&](QFileDialog& chooser) {
+            chooser.selectFile(u"card"_s);
+            static_cast<QDialog&>(chooser).done(QDialog::Accepted);
+        });
+        QCOMPARE(Dialogs::current().chooseFolder(nullptr, choice), std::optional(place.filePath(u"card"_s)));
+    }
+
+    void oneFileOfTheSuffixIsChosen() {
+        const QTemporaryDir place;
+        const QString path = place.filePath(u"take.mov"_s);
+        QVERIFY(QFile(path).open(QIODevice::WriteOnly));
+        const FileChoice choice{.title = {}, .startFolder = place.path(), .suffixes = {u"mov"_s}};
+        QStringList filters;
+        bool isSingle = false;
+        whenOpen<QFileDialog>([&](QFileDialog& chooser) {
+            filters = chooser.nameFilters();
+            isSingle = chooser.fileMode() == QFileDialog::ExistingFile;
+            chooser.selectFile(u"take.mov"_s);
+            static_cast<QDialog&>(chooser).done(QDialog::Accepted);
+        });
+        QCOMPARE(Dialogs::current().chooseFile(nullptr, choice), std::optional(path));
+        QCOMPARE(filters, QStringList(u"*.mov"_s));
+        QVERIFY(isSingle);
+    }
+
     void installedDialogsAreUsedUntilTheyAreTakenAway() {
         Dialogs& toolkit = Dialogs::current();
         struct : Dialogs {
             int alert(QWidget*, const Alert&) override { return 7; }
             QStringList chooseFolders(QWidget*, const FileChoice&) override { return {}; }
+            std::optional<QString> chooseFolder(QWidget*, const FileChoice&) override { return {}; }
+            std::optional<QString> chooseFile(QWidget*, const FileChoice&) override { return {}; }
             QStringList chooseFiles(QWidget*, const FileChoice&) override { return {}; }
             std::optional<QString> chooseFileToSave(QWidget*, const FileChoice&) override { return {}; }
         } own;

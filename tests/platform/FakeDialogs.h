@@ -17,7 +17,8 @@ class FakeDialogs : public Dialogs {
     QList<Alert> alerts;        ///< those shown, in order
     QList<FileChoice> choices;  ///< the choosers shown, in order
     QList<int> answers;         ///< buttons pressed in the coming alerts; the first one when there is no more
-    QStringList chosen;         ///< what the coming choosers give; empty: they are cancelled
+    QStringList
+        chosen;  ///< what the coming choosers give, those of one file or folder in turn; empty: cancelled
 
     int alert(QWidget*, const Alert& alert) override {
         alerts.append(alert);
@@ -27,6 +28,12 @@ class FakeDialogs : public Dialogs {
         choices.append(choice);
         return chosen;
     }
+    std::optional<QString> chooseFolder(QWidget*, const FileChoice& choice) override {
+        return oneChosen(choice);
+    }
+    std::optional<QString> chooseFile(QWidget*, const FileChoice& choice) override {
+        return oneChosen(choice);
+    }
     QStringList chooseFiles(QWidget*, const FileChoice& choice) override {
         choices.append(choice);
         return chosen;
@@ -34,6 +41,12 @@ class FakeDialogs : public Dialogs {
     std::optional<QString> chooseFileToSave(QWidget*, const FileChoice& choice) override {
         choices.append(choice);
         return chosen.isEmpty() ? std::nullopt : std::optional(chosen.first());
+    }
+
+  private:
+    std::optional<QString> oneChosen(const FileChoice& choice) {
+        choices.append(choice);
+        return chosen.isEmpty() ? std::nullopt : std::optional(chosen.takeFirst());
     }
 };
 
