@@ -62,7 +62,7 @@ class ClipMarkerModel : public QAbstractTableModel {
 
   private:
     struct Stowaway {
-        qsizetype place;  // in the array that it came with
+        qsizetype place = 0;  // in the array that it came with
         Value value;
     };
 
