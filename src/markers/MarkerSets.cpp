@@ -2,6 +2,7 @@
 
 #include "clipstore/Notifications.h"
 #include "markers/MarkerSetPopup.h"
+#include "markers/MarkerSetSheet.h"
 #include "platform/Clock.h"
 #include "platform/DelayedCalls.h"
 #include "platform/FloatingPanel.h"
@@ -10,6 +11,8 @@
 #include "platform/UserDefaults.h"
 #include "platform/WindowDescription.h"
 #include "platform/WindowFrame.h"
+
+#include <QPushButton>
 
 namespace marquill {
 
@@ -26,6 +29,9 @@ constexpr QSize smallestWindow(160, 200);
 constexpr QSize largestWindow(284, 340);
 
 constexpr double highlightSeconds = 5.0;
+
+// How long the window must have stood still before its place is saved.
+constexpr std::chrono::seconds saveInterval(1);
 
 struct Program {
     std::optional<Dictionary> settings;  // from init() on; unknown entries are written back
@@ -151,6 +157,7 @@ Result<void> MarkerSets::loadWindow() {
     }
     Outlets outlets(*_window);
     outlets.connect(_setPopup, u"_setPopup"_s);
+    outlets.connect(_editSetButton, u"_editSetButton"_s);
     outlets.connect(_buttonContainer, u"_buttonContainer"_s);
     _markerPanel->setMinimumSize(smallestWindow);
     _markerPanel->setMaximumSize(largestWindow);
@@ -177,6 +184,10 @@ Result<void> MarkerSets::awakeFromNib() {
     setEnabled(false);
     // Activated is the user's choice; what the program selects takes its own way.
     connect(_setPopup, &QComboBox::activated, this, &MarkerSets::setPopup);
+    connect(_editSetButton, &QPushButton::clicked, this, &MarkerSets::editSet);
+    _saveTimer.setSingleShot(true);
+    _saveTimer.setInterval(saveInterval);
+    connect(&_saveTimer, &QTimer::timeout, this, &MarkerSets::save);
     return {};
 }
 
@@ -200,6 +211,16 @@ void MarkerSets::restoreWindow(const Dictionary& settings) {
     if (visible) {
         _markerPanel->raise();
     }
+    // From here on a crash loses no place. Not before, or it would be saved half restored.
+    _markerPanel->installEventFilter(this);
+}
+
+bool MarkerSets::eventFilter(QObject* watched, QEvent* event) {
+    const QEvent::Type type = event->type();
+    if (type == QEvent::Move || type == QEvent::Resize || type == QEvent::Show || type == QEvent::Hide) {
+        _saveTimer.start();
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 void MarkerSets::saveInto(Dictionary& settings) const {
@@ -210,6 +231,16 @@ void MarkerSets::saveInto(Dictionary& settings) const {
     }
     settings.set(kWindowVisible, _markerPanel->isOpen());
     settings.set(kMarkerSetArray, _markerSetArray);
+}
+
+// At every change: sets are a production's work, and a crash must not cost them.
+void MarkerSets::save() {
+    _saveTimer.stop();
+    saveInto(*program().settings);
+    UserDefaults::standard().setValue(kMarkerSets, *program().settings);
+    if (const Result<void> saved = UserDefaults::standard().save(); !saved) {
+        qCWarning(logMarkers).noquote() << "cannot save the marker sets:" << saved.error().description();
+    }
 }
 
 // The sets
@@ -271,7 +302,47 @@ void MarkerSets::selectSet(const MarkerSet& set) {
 void MarkerSets::setPopup(int index) {
     if (const std::optional<MarkerSet> set = setAtIndex(index)) {
         selectSet(*set);
+        save();
     }
+}
+
+// The editor
+
+void MarkerSets::editSet() {
+    const int index = _setPopup->currentIndex();
+    stopEditing();
+    if (!_sheet) {
+        loadSheet();
+    }
+    if (_sheet) {
+        _sheet->begin(_markerSetArray.copy(), index);
+    }
+}
+
+void MarkerSets::loadSheet() {
+    Result<std::unique_ptr<MarkerSetSheet>> sheet = MarkerSetSheet::create(*_markerPanel);
+    if (!sheet) {
+        qCWarning(logMarkers, "Couldn't instantiate MarkerSetEditor nib");
+        qCWarning(logMarkers).noquote() << sheet.error().description();
+        _editSetButton->setEnabled(false);
+        return;
+    }
+    _sheet = *std::move(sheet);
+    connect(_sheet.get(), &MarkerSetSheet::setsEdited, this, &MarkerSets::setsEdited);
+}
+
+void MarkerSets::setsEdited(const Array& sets) {
+    const std::optional<MarkerSet> former = currSet();
+    const std::optional<quint64> identity = former ? former->markerID() : std::nullopt;
+    setMarkerSetArray(sets);
+    std::optional<MarkerSet> current = identity ? setWithID(*identity) : std::nullopt;
+    if (!current) {
+        current = setAtIndex(0);
+    }
+    if (current) {
+        selectSet(*current);
+    }
+    save();
 }
 
 // The buttons
@@ -315,7 +386,9 @@ void MarkerSets::markerButtonEdited(MarkerButton& button) {
     }
     if (const Result<void> stored = setMarkerString(button.title(), *set, button.tag()); !stored) {
         qCWarning(logMarkers).noquote() << stored.error().description();
+        return;
     }
+    save();
 }
 
 }  // namespace marquill

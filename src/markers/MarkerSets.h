@@ -7,15 +7,18 @@
 #include "markers/MarkerSetStore.h"
 
 #include <QObject>
+#include <QTimer>
 
 #include <array>
 #include <memory>
 
 class QComboBox;
+class QPushButton;
 
 namespace marquill {
 
 class FloatingPanel;
+class MarkerSetSheet;
 
 class MarkerSets : public QObject, public MarkerSetStore, private MarkerButton::Delegate {
     Q_OBJECT
@@ -28,7 +31,8 @@ class MarkerSets : public QObject, public MarkerSetStore, private MarkerButton::
     /// Reads the sets from the user defaults, with a "Default Set" when there are none, and opens the window
     /// as it was left. Call it once, at launch.
     static void init();
-    /// Writes the sets, the current one and the window's state to the user defaults and closes the window.
+    /// Writes the sets, the current one and the window's state to the user defaults and closes the window. An
+    /// editor that is still open is cancelled.
     static void finish();
     /// The window, or null.
     static FloatingPanel* window();
@@ -60,8 +64,16 @@ class MarkerSets : public QObject, public MarkerSetStore, private MarkerButton::
     void setEnabled(bool enabled);
     void stopEditing();
     void unhighlightButton(MarkerButton& button);
+    /// Opens the editor of the sets, a sheet on the window, with the current one selected. An edit of a title
+    /// is abandoned.
+    void editSet();
+    /// The editor, or null before it was opened for the first time.
+    MarkerSetSheet* sheet() { return _sheet.get(); }
     /// The buttons by index.
     const std::array<MarkerButton*, buttonCount>& buttons() const { return _buttonArray; }
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     MarkerSets();
@@ -72,16 +84,22 @@ class MarkerSets : public QObject, public MarkerSetStore, private MarkerButton::
     void selectSavedSet(const Dictionary& settings, const std::optional<MarkerSet>& defaultSet);
     void restoreWindow(const Dictionary& settings);
     void saveInto(Dictionary& settings) const;
+    void save();
     void adjustSetPopup();
     void setPopup(int index);
+    void loadSheet();
+    void setsEdited(const Array& sets);
     std::optional<MarkerSet> setAtIndex(qsizetype index) const;
     void highlightButton(int index);
     void markerButtonPressed(MarkerButton& button) override;
     void markerButtonEdited(MarkerButton& button) override;
 
+    QTimer _saveTimer;
     std::unique_ptr<QWidget> _window;
+    std::unique_ptr<MarkerSetSheet> _sheet;  ///< gone before its window
     FloatingPanel* _markerPanel = nullptr;
     QComboBox* _setPopup = nullptr;
+    QPushButton* _editSetButton = nullptr;
     QWidget* _buttonContainer = nullptr;
     std::array<MarkerButton*, buttonCount> _buttonArray{};
     Array _markerSetArray;

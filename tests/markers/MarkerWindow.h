@@ -9,6 +9,7 @@
 
 #include <QComboBox>
 #include <QLineEdit>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <utility>
@@ -40,9 +41,10 @@ inline Dictionary savedSet(const QString& title, const QStringList& titles, quin
         {kMarkerSetTitle, title}, {kMarkerArray, arrayOfStrings(titles)}, {kMarkerID, identity}};
 }
 
-/// Leaves the settings of whoever runs the tests alone; nothing is ever saved.
+/// Leaves the settings of whoever runs the tests alone.
 inline void useSettingsOfOurOwn() {
-    UserDefaults::useFile(u"/nonexistent/settings.plist"_s);
+    static const QTemporaryDir place;
+    UserDefaults::useFile(place.filePath(u"settings.plist"_s));
 }
 
 /// Starts the marker window with these settings; with none as at the very first launch.
