@@ -128,7 +128,7 @@ void LeftOutMoviesDialog::giveUserData() {
     _work.start([this, paths](const BackgroundWork::Post& post) {
         const auto total = static_cast<int>(paths.size());
         for (int done = 0; done < total && post.isWanted(); ++done) {
-            const QString path = paths.at(done);
+            const QString& path = paths.at(done);
             const Result<void> given = LeftOutMovies::giveUserData(path);
             post([this, path, given, done, total] {
                 showProgress(done + 1, total);
