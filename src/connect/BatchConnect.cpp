@@ -143,8 +143,11 @@ BatchResult BatchConnect::doP2BatchConnect(std::span<const ClipInfo> placeholder
 ClipChangeSet BatchResult::changeSet(std::span<const ClipInfo> placeholders) const {
     ClipChangeSet set{.oldClips = {}, .newClips = {}, .actionName = u"connect Clips"_s};
     for (const BatchPair& pair : pairs) {
-        set.oldClips.push_back(placeholders[pair.placeholder]);
-        set.newClips.push_back(pair.clip);
+        const ClipInfo& placeholder = placeholders[pair.placeholder];
+        ClipInfo connected = placeholder.deepCopy();
+        ClipConnection::takeConnection(pair.clip, connected);
+        set.oldClips.push_back(placeholder);
+        set.newClips.push_back(connected);
     }
     return set;
 }

@@ -32,7 +32,8 @@ struct BatchResult {
     int connected() const { return static_cast<int>(pairs.size()); }
     /// What the batch says of itself: false also when proxies were left out, or there was nothing to do.
     bool succeeded() const { return hadInput && !isCancelled && lackingR3D == 0 && lastResult; }
-    /// The change, titled "connect Clips", of `placeholders`, which are those that were given.
+    /// The change, titled "connect Clips", of `placeholders`: those that were given, or in the same order the
+    /// records of which those were copies. What else has changed in them since stays.
     ClipChangeSet changeSet(std::span<const ClipInfo> placeholders) const;
     /// What the user is to be told, in this order.
     std::vector<Alert> alerts() const;

@@ -47,6 +47,14 @@ bool ClipConnection::doConnectToClip(ClipInfo& info, const QString& clipType, co
            info.setClipProxyType(clipType);
 }
 
+void ClipConnection::takeConnection(const ClipInfo& from, ClipInfo& to) {
+    to.setClipDuration(from.clipDuration());
+    to.setClipPath(from.clipPath());
+    to.setClipRecordingStartTime(from.clipRecordingStartTime());
+    to.setClipMarkerOffset(from.clipMarkerOffset());
+    to.setClipProxyType(from.clipProxyType());
+}
+
 bool ClipConnection::unConnectClip(ClipInfo& info) {
     if (!info.clipPath()) {
         return false;

@@ -14,6 +14,9 @@ namespace marquill::ClipConnection {
 bool doConnectToClip(ClipInfo& info, const QString& clipType, const QString& path,
                      const std::optional<Date>& creationDate);
 
+/// Gives `to` what doConnectToClip has set in `from`.
+void takeConnection(const ClipInfo& from, ClipInfo& to);
+
 /// Gives `info` its own start and duration back and removes what tells of media. False, and nothing changed,
 /// when it is not connected.
 bool unConnectClip(ClipInfo& info);

@@ -3,6 +3,7 @@
 #include "clipstore/ClipStore.h"
 #include "clipstore/Notifications.h"
 #include "connect/ClipCells.h"
+#include "connect/ClipConnecting.h"
 #include "connect/ClipSelectionChange.h"
 #include "folders/Preferences.h"
 #include "platform/DelayedCalls.h"
@@ -29,6 +30,7 @@ ClipTableController::ClipTableController(TableView& table, QLabel& countText, Un
       _table(table),
       _countText(countText),
       _undoManager(undoManager),
+      _connecting(std::make_unique<ClipConnecting>(*this)),
       _labelMenu(u"Labels"_s) {
     openClipWithFile = [this](const QString& path) { openInDefaultPlayer(path); };
     wireTable();

@@ -18,6 +18,7 @@ class QLabel;
 
 namespace marquill {
 
+class ClipConnecting;
 class TableView;
 class UndoManager;
 
@@ -88,6 +89,8 @@ class ClipTableController : public QObject {
     void keyDown(QKeyEvent& event);
     /// Whether the command of that name, e.g. "deleteItem", can be given now.
     bool validateMenuItem(const QString& command) const;
+    /// The commands that connect clips to media.
+    ClipConnecting& connecting() { return *_connecting; }
     /// The table's context menu, its commands enabled as the selection allows.
     QMenu* menuForEvent();
 
@@ -149,6 +152,7 @@ class ClipTableController : public QObject {
     UndoManager& _undoManager;
     ClipTableModel _model;
     std::unique_ptr<ClipTableColumns> _columns;
+    std::unique_ptr<ClipConnecting> _connecting;
     QMenu _labelMenu;
     QMenu _contextMenu;
     QSet<QString> _arrivedNames;  // clips that came while the folder is being read, and not by reading

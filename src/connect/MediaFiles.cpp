@@ -85,8 +85,10 @@ std::optional<QStringList> MediaFiles::filesInFolder(const QString& folder, cons
         return std::nullopt;
     }
     Result<QStringList> paths = subpathsAtPath(folder, progress);
-    if (!paths) {
+    if (!paths && paths.error().code != ErrorCode::interrupted) {
         qCWarning(logConnect).noquote() << paths.error().description();
+    }
+    if (!paths) {
         return std::nullopt;
     }
     paths->removeIf([&](const QString& path) {
