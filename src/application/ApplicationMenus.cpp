@@ -4,6 +4,7 @@
 #include "application/FocusedText.h"
 #include "application/GlobalKeys.h"
 #include "clipmanager/ClipManager.h"
+#include "connect/ClipConnecting.h"
 #include "connect/ClipTableController.h"
 #include "recording/OfflineRecorder.h"
 
@@ -95,6 +96,35 @@ std::vector<ActionDescription> clipCommands() {
     };
 }
 
+void withConnecting(void (ClipConnecting::*command)()) {
+    if (ClipManager* clipManager = ClipManager::getClipManager()) {
+        (clipManager->clipTable().connecting().*command)();
+    }
+}
+
+std::vector<ActionDescription> connectCommands() {
+    const QString menu = u"C&onnect"_s;
+    const auto batch = [&menu](const QString& id, const QString& text, void (ClipConnecting::*command)(),
+                               bool lineAbove = false) {
+        return ActionDescription{id, menu, text, {}, [command] { withConnecting(command); }, lineAbove};
+    };
+    return {
+        batch(u"connectClip"_s, u"Connect Clip…"_s, &ClipConnecting::connectClip),
+        batch(u"unConnectSelectedClips"_s, u"Disconnect Clips"_s, &ClipConnecting::unConnectSelectedClips),
+        batch(u"batchConnectQTClips"_s, u"Batch Connect QuickTime Clips…"_s,
+              &ClipConnecting::batchConnectQTClips, true),
+        batch(u"batchConnectRedClips_H"_s, u"Batch Connect RED Clips (H Proxies)…"_s,
+              &ClipConnecting::batchConnectRedClips_H),
+        batch(u"batchConnectRedClips_P"_s, u"Batch Connect RED Clips (P Proxies)…"_s,
+              &ClipConnecting::batchConnectRedClips_P),
+        batch(u"batchConnectRedClips_M"_s, u"Batch Connect RED Clips (M Proxies)…"_s,
+              &ClipConnecting::batchConnectRedClips_M),
+        batch(u"batchConnectFCPLogAndTransferRedClips"_s, u"Batch Connect Log and Transfer RED Clips…"_s,
+              &ClipConnecting::batchConnectFCPLogAndTransferRedClips),
+        batch(u"batchConnectP2Clips"_s, u"Batch Connect P2 Clips…"_s, &ClipConnecting::batchConnectP2Clips),
+    };
+}
+
 std::vector<ActionDescription> recordCommands() {
     const QString menu = u"&Record"_s;
     return {
@@ -139,7 +169,7 @@ std::vector<ActionDescription> helpCommands(Application& app) {
 std::vector<ActionDescription> actionDescriptions(Application& application) {
     std::vector<ActionDescription> all;
     for (std::vector<ActionDescription> menu :
-         {fileCommands(application), editCommands(), clipCommands(), recordCommands(),
+         {fileCommands(application), editCommands(), clipCommands(), connectCommands(), recordCommands(),
           windowCommands(application), helpCommands(application)}) {
         std::ranges::move(menu, std::back_inserter(all));
     }
