@@ -242,6 +242,16 @@ class BatchConnectTest : public QObject {
         QCOMPARE(told(result), QStringList());
     }
 
+    void p2PlaceHoldersAreWalkedAsTheyAreSelected() {
+        place({106, 100});
+        const std::vector<P2Clip> clips = {{.p2_fileName = u"0001AB"_s, .p2_creationDate = noon(103)}};
+        _folder->makeMovie(u"0001AB.mov"_s, 0);
+        const BatchResult result =
+            BatchConnect::doP2BatchConnect(_clips, clips, ClipType::p2, _folder->path());
+        QCOMPARE(connections(result), QStringList(u"Shot#01.xml 0001AB.mov"_s));
+        QCOMPARE(told(result), onlySome(1, 2));
+    }
+
     void p2ClipsThatWereNotConvertedAreNotConnected() {
         place({100});
         const std::vector<P2Clip> clips = {{.p2_fileName = u"0001AB"_s, .p2_creationDate = noon(100)}};
