@@ -71,6 +71,17 @@ std::vector<ActionDescription> editCommands() {
     };
 }
 
+std::vector<ActionDescription> viewCommands() {
+    return {
+        {u"collapseWindow"_s,
+         u"&View"_s,
+         u"Collapse Window"_s,
+         {},
+         [] { withClipManager(&ClipManager::collapseWindow); },
+         true},
+    };
+}
+
 std::vector<ActionDescription> clipCommands() {
     const QString menu = u"&Clip"_s;
     return {
@@ -103,7 +114,7 @@ void withConnecting(void (ClipConnecting::*command)()) {
 }
 
 std::vector<ActionDescription> connectCommands() {
-    const QString menu = u"C&onnect"_s;
+    const QString menu = u"&Clip/C&onnect"_s;
     const auto batch = [&menu](const QString& id, const QString& text, void (ClipConnecting::*command)(),
                                bool lineAbove = false) {
         return ActionDescription{id, menu, text, {}, [command] { withConnecting(command); }, lineAbove};
@@ -169,8 +180,8 @@ std::vector<ActionDescription> helpCommands(Application& app) {
 std::vector<ActionDescription> actionDescriptions(Application& application) {
     std::vector<ActionDescription> all;
     for (std::vector<ActionDescription> menu :
-         {fileCommands(application), editCommands(), clipCommands(), connectCommands(), recordCommands(),
-          windowCommands(application), helpCommands(application)}) {
+         {fileCommands(application), editCommands(), viewCommands(), clipCommands(), connectCommands(),
+          recordCommands(), windowCommands(application), helpCommands(application)}) {
         std::ranges::move(menu, std::back_inserter(all));
     }
     return all;

@@ -1,103 +1,60 @@
+// The window: its life, its folders, its settings.
 #include "clipmanager/ClipManager.h"
 
+#include "clipmanager/ClipAttributes.h"
+#include "clipmanager/ClipManagerSettings.h"
+#include "clipmanager/ClipManagerToolbar.h"
+#include "clipmanager/ClipMedia.h"
+#include "clipmanager/CollapsibleWindow.h"
+#include "clipmanager/CurrentClip.h"
 #include "clipstore/Notifications.h"
 #include "connect/ClipFileFacts.h"
 #include "connect/ClipTableController.h"
-#include "connect/ClipViewer.h"
 #include "connect/MoviePreview.h"
 #include "folders/RecordFolderController.h"
-#include "markers/Marker.h"
 #include "platform/ElidingLabel.h"
 #include "platform/EmptyHint.h"
 #include "platform/Files.h"
-#include "platform/Images.h"
 #include "platform/Log.h"
 #include "platform/TableView.h"
-#include "platform/Theme.h"
-#include "platform/UserDefaults.h"
 #include "platform/WindowDescription.h"
-#include "platform/WindowFrame.h"
 
 #include <QAction>
+#include <QEvent>
 #include <QMainWindow>
 #include <QProgressBar>
 #include <QSplitter>
-#include <QToolBar>
-
-#include <array>
 
 namespace marquill {
 
 namespace {
 
-namespace key {
-const QString clipManagerSettings = u"ClipManagerSettings"_s;
-const QString kWindVisible = u"kWindVisible"_s;
-const QString kWindPosX = u"kWindPosX"_s;
-const QString kWindPosY = u"kWindPosY"_s;
-const QString kWindWidth = u"kWindWidth"_s;
-const QString kWindHeight = u"kWindHeight"_s;
-const QString kWindExpanded = u"kWindExpanded"_s;
-}  // namespace key
-
 constexpr std::chrono::milliseconds statusInterval{1000};
-constexpr int folderListWidth = 240;
-constexpr int previewHeight = 240;
-constexpr double timeCodePointSize = 12;
-
-// One item of the tool bar; its drawing bears its identifier.
-struct ToolbarItem {
-    const char16_t* identifier;
-    const char16_t* label;
-    const char16_t* toolTip;
-    void (ClipManager::*action)();
-};
-
-constexpr std::array toolbarItems = {
-    ToolbarItem{u"AddFolder", u"Add Folder", u"Add recording folder", &ClipManager::addFolderButton},
-    ToolbarItem{u"RemoveFolder", u"Remove Folder", u"Remove recording folder",
-                &ClipManager::removeFolderButton},
-    ToolbarItem{u"DeleteClips", u"Delete Clips", u"Delete clips", &ClipManager::deleteClipsButton},
-};
+constexpr std::chrono::milliseconds frameInterval{500};
 
 std::unique_ptr<ClipManager>& shared() {
     static std::unique_ptr<ClipManager> manager;
     return manager;
 }
 
-// A number of the settings that can be a place on a screen.
-double coordinate(const Dictionary& settings, const QString& key, double otherwise) {
-    const double number = settings.real(key).value_or(otherwise);
-    return isScreenCoordinate(number) ? number : otherwise;
-}
-
-// Where the clip's markers are, in seconds from its start.
-QList<double> markerTimes(const ClipInfo& clip) {
-    QList<double> times;
-    for (const Value& value : clip.clipMarkerArray().value_or(Array()).values()) {
-        const std::optional<Dictionary> record = value.dictionary();
-        if (const std::optional<double> in = record ? Marker(*record).in() : std::nullopt) {
-            times.append(*in);
-        }
-    }
-    return times;
-}
-
 }  // namespace
 
 void ClipManager::init() {
-    const std::optional<Value> saved = UserDefaults::standard().value(key::clipManagerSettings);
-    const std::optional<Dictionary> settings = saved ? saved->dictionary() : std::nullopt;
-    shared() = initWithSettings(settings.value_or(Dictionary()));
+    shared() = initWithSettings(ClipManagerSettings::saved());
     // What was posted while it was made found none yet.
     if (shared()) {
         shared()->recordingFolderChanged();
+        if (const std::optional<FolderRecord> folder = shared()->recordFolder()) {
+            shared()->folderList().selectFolder(folder->folderPath());
+        }
     }
 }
 
 void ClipManager::finish() {
     if (shared()) {
         shared()->_timer.stop();
+        // Leaving the clip writes it, and gives it the name that was typed.
+        shared()->_clips->deselectAll();
         shared()->saveSettings();
         shared().reset();
     }
@@ -118,6 +75,8 @@ std::unique_ptr<ClipManager> ClipManager::initWithSettings(const Dictionary& set
     manager->buildToolbar();
     manager->setUpClipTable();
     manager->setUpPreview();
+    manager->setUpEditor();
+    manager->setUpSplitViews();
     manager->observe();
     manager->restore(settings);
     return manager;
@@ -125,7 +84,12 @@ std::unique_ptr<ClipManager> ClipManager::initWithSettings(const Dictionary& set
 
 ClipManager::ClipManager() = default;
 
-ClipManager::~ClipManager() = default;
+ClipManager::~ClipManager() {
+    if (_current) {
+        unselectClip();
+        _window->removeEventFilter(this);
+    }
+}
 
 Result<void> ClipManager::loadWindow() {
     WindowDescription::registerWidget<TableView>(u"TableView"_s);
@@ -139,17 +103,31 @@ Result<void> ClipManager::loadWindow() {
         return failure(ErrorCode::malformed, u"the window description holds no main window"_s);
     }
     _window.reset(qobject_cast<QMainWindow*>(loaded->release()));
+    return connectOutlets();
+}
+
+Result<void> ClipManager::connectOutlets() {
     Outlets outlets(*_window);
     outlets.connect(_recordFolderTable, u"_recordFolderTable"_s);
     outlets.connect(_clipTable, u"_clipTable"_s);
     outlets.connect(_folderSplitView, u"_folderSplitView"_s);
     outlets.connect(_clipSplitView, u"_clipSplitView"_s);
+    outlets.connect(_detailSplitView, u"_detailSplitView"_s);
     outlets.connect(_clipCount, u"_clipCount"_s);
     outlets.connect(_moviePreview, u"_moviePreview"_s);
     outlets.connect(_timeCode, u"_timeCode"_s);
+    outlets.connect(_statusLine, u"_statusLine"_s);
     outlets.connect(_selectedFolderPath, u"_selectedFolderPath"_s);
     outlets.connect(_progressInd, u"_progressInd"_s);
-    return outlets.check();
+    if (Result<void> checked = outlets.check(); !checked) {
+        return checked;
+    }
+    Result<std::unique_ptr<ClipAttributes>> attributes = ClipAttributes::create(*_window);
+    if (!attributes) {
+        return std::unexpected(attributes.error());
+    }
+    _attributes = std::move(*attributes);
+    return {};
 }
 
 void ClipManager::setUpFolderList() {
@@ -158,22 +136,18 @@ void ClipManager::setUpFolderList() {
 }
 
 void ClipManager::buildToolbar() {
-    QToolBar* toolbar = _window->addToolBar(u"Tool Bar"_s);
-    toolbar->setObjectName(u"ClipManagerToolbar"_s);
-    toolbar->setMovable(false);
-    toolbar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    // Its context menu would let it be hidden with nothing there to bring it back.
-    toolbar->setContextMenuPolicy(Qt::PreventContextMenu);
-    for (const ToolbarItem& item : toolbarItems) {
-        const QString identifier = QString::fromUtf16(item.identifier);
-        QAction* action =
-            toolbar->addAction(symbol(identifier), QString::fromUtf16(item.label), this, item.action);
-        action->setObjectName(identifier);
-        action->setToolTip(QString::fromUtf16(item.toolTip));
-    }
-    _removeFolderItem = toolbar->actions().at(1);
+    auto* toolbar = new ClipManagerToolbar(
+        {
+            {u"AddFolder"_s, u"Add Folder"_s, u"Add recording folder"_s, [this] { addFolderButton(); }},
+            {u"RemoveFolder"_s, u"Remove Folder"_s, u"Remove recording folder"_s,
+             [this] { removeFolderButton(); }},
+            {u"DeleteClips"_s, u"Delete Clips"_s, u"Delete clips"_s, [this] { deleteClipsButton(); }},
+        },
+        _window.get());
+    _window->addToolBar(toolbar);
+    _removeFolderItem = toolbar->item(u"RemoveFolder"_s);
     _removeFolderItem->setEnabled(false);
-    _deleteClipButton = toolbar->actions().at(2);
+    _deleteClipButton = toolbar->item(u"DeleteClips"_s);
     _deleteClipButton->setEnabled(false);
 }
 
@@ -189,20 +163,30 @@ void ClipManager::setUpClipTable() {
             });
     connect(&_reader, &ClipFolderReader::finished, this, &ClipManager::folderRead);
     showReading(false);
+}
+
+void ClipManager::setUpSplitViews() {
+    constexpr int folderListWidth = 200;
+    constexpr int detailHeight = 288;
     _folderSplitView->setStretchFactor(0, 0);
     _folderSplitView->setStretchFactor(1, 1);
     _folderSplitView->setSizes({folderListWidth, _window->width() - folderListWidth});
-}
-
-void ClipManager::setUpPreview() {
-    _timeCode->setFont(Theme::timeFont(timeCodePointSize));
-    _moviePreview->setTimeCodeField(_timeCode);
-    _clips->openClipWithFile = [](const QString& path) { ClipViewer::openClipWithFile(path); };
-    _mediaTimer.setSingleShot(true);
-    connect(&_mediaTimer, &QTimer::timeout, this, &ClipManager::showMedia);
     _clipSplitView->setStretchFactor(0, 1);
     _clipSplitView->setStretchFactor(1, 0);
-    _clipSplitView->setSizes({_window->height() - previewHeight, previewHeight});
+    _clipSplitView->setSizes({_window->height() - detailHeight, detailHeight});
+    // A larger window is for the pictures first, then for the texts.
+    _detailSplitView->setStretchFactor(0, 3);
+    _detailSplitView->setStretchFactor(1, 2);
+    _detailSplitView->setStretchFactor(2, 2);
+    connect(_clipSplitView, &QSplitter::splitterMoved, this, &ClipManager::constrainClipSplit);
+}
+
+void ClipManager::constrainClipSplit(int position) {
+    const int height = _clipSplitView->height();
+    const int above = qRound(constrainedSplitPosition(position, height));
+    if (above != position) {
+        _clipSplitView->setSizes({above, height - above - _clipSplitView->handleWidth()});
+    }
 }
 
 void ClipManager::observe() {
@@ -210,6 +194,8 @@ void ClipManager::observe() {
     connect(&centre, &Notifications::folderSelectionHasChanged, this, &ClipManager::folderSelectionChanged);
     connect(&centre, &Notifications::recordFolderHasChanged, this, &ClipManager::recordingFolderChanged);
     connect(&centre, &Notifications::clipSelectionHasChanged, this, &ClipManager::clipSelectionChanged);
+    connect(&centre, &Notifications::refreshCurrentClip, this, &ClipManager::refreshCurrentClip);
+    connect(&centre, &Notifications::labelListHasChanged, this, &ClipManager::labelsChanged);
     connect(_folderList.get(), &RecordFolderController::folderMoved, this, &ClipManager::folderMoved);
     connect(&_timer, &QTimer::timeout, this, &ClipManager::timerAction);
     _timer.start(statusInterval);
@@ -220,38 +206,49 @@ void ClipManager::restore(const Dictionary& settings) {
     _folderList->restoreFromSettings(settings);
     // From here on a crash costs no folder. Not before, or what is being restored would be saved half done.
     connect(_folderList.get(), &RecordFolderController::foldersChanged, this, &ClipManager::saveSettings);
+    _frameTimer.setSingleShot(true);
+    _frameTimer.setInterval(frameInterval);
+    connect(&_frameTimer, &QTimer::timeout, this, &ClipManager::saveSettings);
     folderSelectionChanged();
-    _window->setVisible(settings.boolean(key::kWindVisible).value_or(true));
+    _window->setVisible(ClipManagerSettings::isVisible(settings));
+    _window->installEventFilter(this);
 }
 
 void ClipManager::restoreFrame(const Dictionary& settings) {
+    _collapsible = std::make_unique<CollapsibleWindow>(*_window, *_folderSplitView, *_statusLine,
+                                                       int(ClipManagerWindowState::collapsedHeight));
     const WindowFrame present = windowFrame(*_window);
-    const WindowFrame frame{.x = coordinate(settings, key::kWindPosX, present.x),
-                            .y = coordinate(settings, key::kWindPosY, present.y),
-                            .width = coordinate(settings, key::kWindWidth, present.width),
-                            .height = coordinate(settings, key::kWindHeight, present.height)};
-    if (frame != present && frame.width > 0 && frame.height > 0) {
+    const WindowFrame frame = ClipManagerSettings::frame(settings, present);
+    if (frame != present) {
         setWindowFrame(*_window, frame);
     }
 }
 
+bool ClipManager::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::WindowDeactivate) {
+        _current->write();
+    } else if (event->type() == QEvent::Resize || event->type() == QEvent::Move) {
+        _frameTimer.start();
+    }
+    return QObject::eventFilter(watched, event);
+}
+
 Dictionary ClipManager::settings() const {
-    const WindowFrame frame = windowFrame(*_window);
-    Dictionary settings{{key::kWindVisible, _window->isVisible()},
-                        {key::kWindPosX, frame.x},
-                        {key::kWindPosY, frame.y},
-                        {key::kWindWidth, frame.width},
-                        {key::kWindHeight, frame.height},
-                        {key::kWindExpanded, true}};
+    const ClipManagerWindowState state{.frame = windowFrame(*_window),
+                                       .visible = _window->isVisible(),
+                                       .expanded = _collapsible->isExpanded(),
+                                       .expandedHeight = double(_collapsible->expandedHeight())};
+    Dictionary settings = state.settings();
     _folderList->writeSettings(settings);
     return settings;
 }
 
 void ClipManager::saveSettings() const {
-    UserDefaults::standard().setValue(key::clipManagerSettings, settings());
-    if (const Result<void> saved = UserDefaults::standard().save(); !saved) {
-        qCWarning(logClipManager) << saved.error().description();
-    }
+    ClipManagerSettings::save(settings());
+}
+
+void ClipManager::collapseWindow() {
+    _collapsible->toggle();
 }
 
 const std::optional<QString>& ClipManager::shownFolder() const {
@@ -262,6 +259,8 @@ void ClipManager::addClip(const ClipInfo& info, const QString& folder) {
     if (shownFolder() == folder) {
         _clips->addItem(info);
     }
+    // A take that ends puts the marker buttons out, which may still serve the clip shown.
+    enableMarkerButtons();
 }
 
 void ClipManager::useRecordFolder(const std::optional<FolderRecord>& folder) {
@@ -288,10 +287,13 @@ void ClipManager::folderSelectionChanged() {
 }
 
 void ClipManager::showFolderContent(const std::optional<QString>& path) {
+    _current->endEditing();
+    _current->write();
     _reader.cancel();
     _clips->setClipArray({}, path);
     showReading(path.has_value());
     if (path) {
+        _selectedFolderPath->clear();
         _reader.read(*path);
     }
 }
@@ -307,49 +309,6 @@ void ClipManager::showReading(bool isReading) {
     _progressInd->setRange(0, 0);
     _progressInd->setVisible(isReading);
     timerAction();
-}
-
-void ClipManager::clipSelectionChanged() {
-    _deleteClipButton->setEnabled(_clips->validateMenuItem(u"deleteItem"_s));
-    // An edit takes the selection away and gives it back; the movie is not to start anew for that.
-    _mediaTimer.start();
-}
-
-// Shows the one selected clip's movie in the preview, or says why there is none.
-void ClipManager::showMedia() {
-    const std::vector<ClipInfo> selected = _clips->selectedClipArray();
-    const std::optional<ClipInfo> clip =
-        selected.size() == 1 ? std::optional(selected.front()) : std::nullopt;
-    const QString path = clip ? mediaPathOfClip(*clip, shownFolder().value_or(QString())) : QString();
-    const bool isThere = !path.isEmpty() && fileExists(path);
-    const std::optional<QString> shown = isThere ? std::optional(path) : std::nullopt;
-    if (shown != _moviePreview->path()) {
-        _moviePreview->setMovieByPath(shown);
-    }
-    _moviePreview->setMarkerTimes(_moviePreview->movie() ? markerTimes(*clip) : QList<double>());
-    std::optional<QString> message;
-    if (clip && path.isEmpty()) {
-        message = u"Clip not connected"_s;
-    } else if (clip && !isThere) {
-        message = u"Clip not found"_s;
-    } else if (clip && !_moviePreview->movie()) {
-        const Result<Movie> movie = Movie::open(path);
-        message = movie ? u"Clip not found"_s : movie.error().message;
-    }
-    _moviePreview->setString(message);
-}
-
-void ClipManager::validateMenuItem(QAction& action) {
-    const QString command = action.objectName();
-    if (command == "undo"_L1) {
-        action.setText(u"Undo %1"_s.arg(_undoManager.undoActionName()).trimmed());
-        action.setEnabled(_undoManager.canUndo());
-    } else if (command == "redo"_L1) {
-        action.setText(u"Redo %1"_s.arg(_undoManager.redoActionName()).trimmed());
-        action.setEnabled(_undoManager.canRedo());
-    } else {
-        action.setEnabled(_clips->validateMenuItem(command));
-    }
 }
 
 void ClipManager::recordingFolderChanged() {
@@ -369,17 +328,20 @@ void ClipManager::folderMoved(const QString& from, const QString& to) {
 void ClipManager::timerAction() {
     _selectedFolderPath->setText(statusText());
     _noClipsHint->setText(hintText());
+    enableMarkerButtons();
 }
 
 QString ClipManager::hintText() const {
     if (!shownFolder()) {
-        return u"Select a folder to see its clips"_s;
+        return _folderList->folderArray().empty() ? u"Add a folder to see its clips"_s
+                                                  : u"Select a folder to see its clips"_s;
     }
     if (_isReading) {
         return u"Reading clips…"_s;
     }
-    return folderExists(*shownFolder()) ? u"No clips in this folder"_s
-                                        : u"This folder does not exist or is offline"_s;
+    return folderExists(*shownFolder())
+               ? u"No clips in this folder.\nPress Control-Space to start a take, or import movies."_s
+               : u"This folder does not exist or is offline"_s;
 }
 
 QString ClipManager::statusText() const {

@@ -1,6 +1,6 @@
-// The controller of the Clip Manager window, the program's main one: the record folders, and the clips of the
-// folder that is selected. There is one, made by init and dropped by finish; it owns its window. Operations
-// on clip files are those of ClipStore, which it passes on. Main thread.
+// The controller of the Clip Manager window, the program's main one: the record folders, the clips of the
+// folder that is selected, and the one that is edited. There is one, made by init and dropped by finish; it
+// owns its window. Operations on clip files are those of ClipStore, which it passes on. Main thread.
 #pragma once
 
 #include "clipstore/ClipStore.h"
@@ -20,22 +20,30 @@ class QLabel;
 class QMainWindow;
 class QProgressBar;
 class QSplitter;
+class QWidget;
 
 namespace marquill {
 
+class ClipAttributes;
+class ClipManagerToolbar;
+class ClipMediaReader;
 class ClipTableController;
+class CollapsibleWindow;
+class CurrentClip;
+class EmptyHint;
 class MoviePreview;
 class RecordFolderController;
 class TableView;
+struct ClipMedia;
 
 class ClipManager : public QObject, public ClipStore, public RecordingDestination {
     Q_OBJECT
 
   public:
-    /// Makes the one Clip Manager from the user defaults' "ClipManagerSettings". Without its window
-    /// description there is none.
+    /// Makes the one Clip Manager from the user defaults' "ClipManagerSettings" and shows the clips of the
+    /// recording folder. Without its window description there is none.
     static void init();
-    /// Saves the settings and drops the Clip Manager with its window.
+    /// Writes the clip that is being edited, saves the settings and drops the Clip Manager with its window.
     static void finish();
     /// The one Clip Manager; null before init, after finish and without its window description.
     static ClipManager* getClipManager();
@@ -70,6 +78,11 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
     /// Sets the title of a command on clips, "undo" and "redo" included, and whether it is enabled.
     void validateMenuItem(QAction& action);
 
+    /// Opens the preferences at the label list.
+    void showLabelList();
+    /// Folds the window to its tool bar and status line, or unfolds it.
+    void collapseWindow();
+
     /// Shows the clips of the one selected folder, or none when no folder or several are selected.
     void folderSelectionChanged();
     /// Shows the folder's clips as they are read, in the order of the listing.
@@ -79,16 +92,58 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
     /// Tells the current folder in the status line.
     void timerAction();
 
+    // The current clip: the one that is selected alone.
+
+    /// The clip in the attribute editor, or nothing.
+    const std::optional<ClipInfo>& currentClip() const;
+    /// Shows the clip in the attribute editor; its media follow once the selection has come to rest.
+    void selectClip(const ClipInfo& clip);
+    /// Writes the current clip and empties the editor.
+    void unselectClip();
+    /// Leaves the current clip, giving it the name that stands in the editor, for the selected one.
+    void clipSelectionChanged();
+    /// Shows the current clip's record again.
+    void refreshCurrentClip();
+    /// Takes the label list into the label menu.
+    void labelsChanged();
+    void updateLabelMenu();
+
+    // What was entered into the editor goes into the current clip; without one nothing happens.
+
+    /// A text is being typed.
+    void textDidChange(const QString& key, const QString& text);
+    /// Selects the clip anew, so that it is given the name.
+    void clipNameChanged();
+    void sceneChanged();
+    void takeChanged();
+    void commentChanged();
+    void ratingChanged();
+    void shotChanged();
+
+  protected:
+    /// The window's: edits are written when it is left, and its frame is saved once it has come to rest.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
     ClipManager();
 
     Result<void> loadWindow();
+    Result<void> connectOutlets();
     void setUpFolderList();
     void buildToolbar();
     void setUpClipTable();
     void setUpPreview();
-    void clipSelectionChanged();
+    void setUpEditor();
+    void setUpSplitViews();
+    void constrainClipSplit(int position);
     void showMedia();
+    void mediaRead(const ClipMedia& media);
+    void mediaOpened(const ClipMedia& media);
+    void showNoMedia(const QString& message);
+    void setMarkersLive(bool live);
+    void enableMarkerButtons();
+    void applyName(const ClipInfo& clip, const QString& name);
+    void endTyping(const QString& key, const QString& text, const QString& shown);
     void folderRead();
     void showReading(bool isReading);
     void observe();
@@ -96,31 +151,41 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
     void restoreFrame(const Dictionary& settings);
     void folderMoved(const QString& from, const QString& to);
     QString statusText() const;
-    QString hintText() const;  // what the clip list says while it is empty
+    QString hintText() const;     // what the clip list says while it is empty
+    QString noMediaText() const;  // what the preview says while no clip is current
 
     std::unique_ptr<QMainWindow> _window;
     TableView* _recordFolderTable = nullptr;
     TableView* _clipTable = nullptr;
     QSplitter* _folderSplitView = nullptr;
     QSplitter* _clipSplitView = nullptr;
+    QSplitter* _detailSplitView = nullptr;
     MoviePreview* _moviePreview = nullptr;
     QLabel* _timeCode = nullptr;
     QLabel* _clipCount = nullptr;
+    QWidget* _statusLine = nullptr;
     QLabel* _selectedFolderPath = nullptr;
     QProgressBar* _progressInd = nullptr;
-    QLabel* _noClipsHint = nullptr;
+    EmptyHint* _noClipsHint = nullptr;
     QAction* _removeFolderItem = nullptr;
     QAction* _deleteClipButton = nullptr;
     UndoManager _undoManager;
     // After the window, as they must go before its tables do.
     std::unique_ptr<RecordFolderController> _folderList;
     std::unique_ptr<ClipTableController> _clips;
+    std::unique_ptr<CollapsibleWindow> _collapsible;
+    std::unique_ptr<ClipAttributes> _attributes;
+    std::unique_ptr<CurrentClip> _current;
+    std::unique_ptr<ClipMediaReader> _mediaReader;
     ClipFolderReader _reader;
 
     std::optional<FolderRecord> _recordFolder;
     bool _isReading = false;
+    bool _isApplyingName = false;  // the selection is taken away and given back
+    bool _markersAreLive = false;  // a clip is shown whose movie plays: markers fired now are its
     QTimer _timer;
     QTimer _mediaTimer;  // shows the media once a change of the selection has come to rest
+    QTimer _frameTimer;  // saves the settings once the window's frame has come to rest
 };
 
 }  // namespace marquill

@@ -113,6 +113,9 @@ class ClipTableController : public QObject {
     void setClipName(const ClipInfo& clip, const QString& name);
     /// A value was entered into a cell; see ClipTableModel::valueEntered.
     void setObjectValue(const QVariant& value, int column, int row);
+    /// Gives `key` of a clip of the shown folder the value, and writes it; what the clip has already changes
+    /// nothing, nor does an empty text where it has none.
+    void enterAttribute(const ClipInfo& clip, const QString& key, const Value& value);
 
   private:
     class SelectionChange;
@@ -144,7 +147,6 @@ class ClipTableController : public QObject {
                        const std::vector<ClipInfo>& to, ChangeSetOperation inverse, const char* notFound);
     void registerUndo(ClipSetOperation inverse, const ClipSet& set, const QString& actionName);
     void renameFile(const ClipInfo& clip, const QString& folder, const QString& clipName);
-    void enterAttribute(const ClipInfo& clip, const QString& key, const Value& value);
     void setAttribute(const ClipInfo& clip, const QString& folder, const QString& key, const Value& value);
 
     TableView& _table;

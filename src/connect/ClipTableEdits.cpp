@@ -1,7 +1,7 @@
 // What is entered into the clip table: names, ratings, labels and texts, each with its inverse.
 #include "clipstore/ClipStore.h"
 #include "clipstore/Notifications.h"
-#include "connect/ClipTableController.h"
+#include "connect/ClipSelectionChange.h"
 #include "platform/DelayedCalls.h"
 #include "platform/Files.h"
 #include "platform/Log.h"
@@ -114,6 +114,10 @@ void ClipTableController::setAttribute(const ClipInfo& clip, const QString& fold
     const QString place = presentFolder(folder);
     const ClipInfo present = presentRecord(clip, place);
     const bool isInTable = isShown(place) && _model.rowOfClip(present) >= 0;
+    const std::optional<ClipInfo> selected = onlySelected();
+    const bool staysSelected = selected && selected->isSame(present);
+    const SelectionChange change(*this,
+                                 staysSelected ? SelectionChange::Kind::quiet : SelectionChange::Kind::told);
     if (isInTable) {
         deselectAll();
     }

@@ -203,6 +203,13 @@ void ClipTableModel::clipChanged(const ClipInfo& clip) {
     }
 }
 
+void ClipTableModel::attributesChanged(const ClipInfo& clip) {
+    const int row = rowOfClip(clip);
+    if (row >= 0) {
+        rowsChanged(row, row);
+    }
+}
+
 void ClipTableModel::reload() {
     for (Row& row : _rows) {
         row.isKnown = false;

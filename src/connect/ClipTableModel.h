@@ -75,6 +75,8 @@ class ClipTableModel : public QAbstractTableModel {
 
     /// Shows a record anew, its files asked again.
     void clipChanged(const ClipInfo& clip);
+    /// Shows a record anew whose attributes alone have changed; no file is asked.
+    void attributesChanged(const ClipInfo& clip);
     /// Shows all records anew, their files asked again when they are next shown.
     void reload();
     /// What the files of a clip are now; shows it when it has changed.

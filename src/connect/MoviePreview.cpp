@@ -83,6 +83,13 @@ void MoviePreview::setMovieByPath(const std::optional<QString>& path) {
     updateTimeCode();
 }
 
+void MoviePreview::setOpenMovie(const Movie& movie) {
+    forgetMovie();
+    explain(std::nullopt);
+    present(movie);
+    updateTimeCode();
+}
+
 void MoviePreview::present(const Movie& movie) {
     _path = movie.path();
     _movie = movie;

@@ -24,6 +24,8 @@ class MoviePreview : public MovieView {
     /// Shows the movie at `path`, or nothing. A file that is no movie leaves the preview empty; one that
     /// opens and turns out not to play, vanishes or is replaced by such a file leaves a message.
     void setMovieByPath(const std::optional<QString>& path);
+    /// Shows a movie that has been opened already, so that its file is not read twice.
+    void setOpenMovie(const Movie& movie);
     /// Refused: the preview would not know the file.
     void setMovie(const MovieSource& source) override;
     /// Of the movie shown, or nothing.

@@ -1,0 +1,47 @@
+#include "clipmanager/ClipMedia.h"
+
+#include "clipstore/ClipStore.h"
+#include "connect/ClipFileFacts.h"
+#include "platform/Files.h"
+#include "platform/Literals.h"
+
+namespace marquill {
+
+namespace {
+
+void openMovie(ClipMedia& media, bool isPlaceholder) {
+    if (media.path.isEmpty()) {
+        media.message = isPlaceholder ? u"Clip not connected"_s : u"Clip not found"_s;
+        return;
+    }
+    if (isPlaceholder && !fileExists(media.path)) {
+        media.message = u"Clip not found"_s;
+        return;
+    }
+    const Result<Movie> movie = Movie::open(media.path);
+    if (movie) {
+        media.movie = *movie;
+    } else {
+        media.message = movie.error().message.isEmpty() ? u"Clip not found"_s : movie.error().message;
+    }
+}
+
+}  // namespace
+
+ClipMedia readClipMedia(const ClipInfo& clip, const QString& folder) {
+    ClipMedia media;
+    media.path = mediaPathOfClip(clip, folder);
+    openMovie(media, ClipStore::isProxyClip(clip));
+    media.attributes = ClipStore::attrForClipInfo(clip, folder);
+    media.pathAttribute = ClipStore::pathAttrForClipInfo(clip, folder);
+    return media;
+}
+
+void ClipMediaReader::start(const ClipInfo& clip, const QString& folder) {
+    // A copy, as the record may be edited meanwhile.
+    _work.start([this, clip = clip.deepCopy(), folder](const BackgroundWork::Post& post) {
+        post([this, media = readClipMedia(clip, folder)] { Q_EMIT read(media); });
+    });
+}
+
+}  // namespace marquill
