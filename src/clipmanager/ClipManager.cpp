@@ -174,10 +174,14 @@ void ClipManager::setUpSplitViews() {
     _clipSplitView->setStretchFactor(0, 1);
     _clipSplitView->setStretchFactor(1, 0);
     _clipSplitView->setSizes({_window->height() - detailHeight, detailHeight});
-    // A larger window is for the pictures first, then for the texts.
-    _detailSplitView->setStretchFactor(0, 3);
-    _detailSplitView->setStretchFactor(1, 2);
-    _detailSplitView->setStretchFactor(2, 2);
+    // The picture first, then the texts.
+    constexpr int previewShare = 4;
+    constexpr int textShare = 3;
+    _detailSplitView->setStretchFactor(0, previewShare);
+    _detailSplitView->setStretchFactor(1, textShare);
+    _detailSplitView->setStretchFactor(2, textShare);
+    _detailSplitView->setSizes(
+        {previewShare * detailHeight, textShare * detailHeight, textShare * detailHeight});
     connect(_clipSplitView, &QSplitter::splitterMoved, this, &ClipManager::constrainClipSplit);
 }
 

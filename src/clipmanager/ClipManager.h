@@ -48,6 +48,13 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
     /// The one Clip Manager; null before init, after finish and without its window description.
     static ClipManager* getClipManager();
 
+    /// The full paths of the clips in the trash of all record folders; empty without a Clip Manager.
+    static QStringList getTrashClips();
+    /// Deletes the clips at `paths` for good and tells when some could not be.
+    static void deleteClips(const QStringList& paths);
+    /// Asks what to do with the clips in the trash; whether the application may quit.
+    static bool cleanUp();
+
     /// A Clip Manager whose list, window frame, recording folder and visibility are those of `settings`;
     /// null, and told to the log, when the window description cannot be loaded.
     static std::unique_ptr<ClipManager> initWithSettings(const Dictionary& settings);
@@ -78,6 +85,8 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
     /// Sets the title of a command on clips, "undo" and "redo" included, and whether it is enabled.
     void validateMenuItem(QAction& action);
 
+    /// Makes placeholders in the shown folder for movies that the user chooses.
+    void importQTclips();
     /// Opens the preferences at the label list.
     void showLabelList();
     /// Folds the window to its tool bar and status line, or unfolds it.

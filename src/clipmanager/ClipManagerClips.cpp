@@ -260,7 +260,9 @@ void ClipManager::validateMenuItem(QAction& action) {
     const QString command = action.objectName();
     if (command == "undo"_L1) {
         // What is being typed is the step that comes first.
-        _current->endEditing();
+        if (!_undoManager.isUndoing() && !_undoManager.isRedoing()) {
+            _current->endEditing();
+        }
         action.setText(u"Undo %1"_s.arg(_undoManager.undoActionName()).trimmed());
         action.setEnabled(_undoManager.canUndo());
     } else if (command == "redo"_L1) {

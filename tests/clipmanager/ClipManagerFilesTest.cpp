@@ -1,0 +1,92 @@
+#include "clipmanager/ClipManagerFixture.h"
+#include "platform/MovieMaker.h"
+#include "platform/UndoManager.h"
+
+#include <QAction>
+
+using namespace marquill;
+
+class ClipManagerFilesTest : public QObject {
+    Q_OBJECT
+
+  private:
+    std::unique_ptr<ClipManagerFixture> _fixture;
+
+  private Q_SLOTS:
+    void init() { _fixture = std::make_unique<ClipManagerFixture>(); }
+    void cleanup() { _fixture.reset(); }
+
+    // Importing
+
+    void withoutAFolderNothingIsImported() {
+        _fixture->manager = ClipManager::initWithSettings(_fixture->settings());
+        QTest::ignoreMessage(QtWarningMsg, "No currFolder specified");
+        _fixture->manager->importQTclips();
+        QCOMPARE(_fixture->dialogs.choices.size(), 0);
+    }
+
+    void chooserAsksForMoviesAndCancelEndsTheImport() {
+        _fixture->show();
+        _fixture->manager->importQTclips();
+        QCOMPARE(_fixture->dialogs.choices.size(), 1);
+        QCOMPARE(_fixture->dialogs.choices[0].suffixes, QStringList({u"mov"_s, u"MOV"_s}));
+        QVERIFY(!_fixture->manager->undoManager().canUndo());
+    }
+
+    void chosenMoviesBecomePlaceholdersInOneUndoableStep() {
+        MovieMaker maker;
+        const QString movie = maker.makeShades(u"A.mov"_s, u"25"_s, 1);
+        const QString other = maker.makeShades(u"B.mov"_s, u"25"_s, 1);
+        QVERIFY(writeFile(_fixture->path(u"text.mov"_s), "no movie"));
+        _fixture->show();
+        _fixture->dialogs.chosen = {movie, _fixture->path(u"text.mov"_s), other};
+        _fixture->manager->importQTclips();
+        QCOMPARE(_fixture->table().clipArray().size(), std::size_t(2));
+        QCOMPARE(_fixture->onDisk(u"A.xml"_s).clipPath(), movie);
+        QCOMPARE(_fixture->onDisk(u"B.xml"_s).clipPath(), other);
+        QCOMPARE(_fixture->dialogs.alerts.size(), 1);
+        QCOMPARE(_fixture->dialogs.alerts[0].title, u"Could not load one or more Clips"_s);
+        QCOMPARE(_fixture->dialogs.alerts[0].buttons, QStringList(u"Ok"_s));
+        QVERIFY(_fixture->dialogs.alerts[0].text.contains(u"text.mov"_s));
+        QCOMPARE(_fixture->manager->undoManager().undoActionName(), u"add Clip(s)"_s);
+        _fixture->manager->undoManager().undo();
+        QCOMPARE(_fixture->table().clipArray().size(), std::size_t(0));
+        QVERIFY(QFile::exists(_fixture->path(u"a/Trash/A.xml"_s)));
+    }
+
+    void commandsOnAFolderNeedOne() {
+        _fixture->manager = ClipManager::initWithSettings(_fixture->settings());
+        for (const QString& id : {u"importQTclips"_s, u"exportClipListAsXML"_s, u"exportClipListAsText"_s}) {
+            QAction action;
+            action.setObjectName(id);
+            _fixture->manager->folderList().selectFolders({});
+            _fixture->manager->validateMenuItem(action);
+            QVERIFY(!action.isEnabled());
+            _fixture->manager->folderList().selectFolder(_fixture->path(u"b"_s));
+            _fixture->manager->validateMenuItem(action);
+            QVERIFY(action.isEnabled());
+        }
+    }
+
+    // Quitting
+
+    void withoutAClipManagerThereIsNoTrash() {
+        QCOMPARE(ClipManager::getTrashClips(), QStringList());
+        QVERIFY(ClipManager::cleanUp());
+    }
+
+    void trashOfAllFoldersIsAskedAbout() {
+        UserDefaults::standard().setValue(u"ClipManagerSettings"_s, _fixture->settings());
+        QVERIFY(QDir(_fixture->path(u"b"_s)).mkdir(u"Trash"_s));
+        QVERIFY(writeFile(_fixture->path(u"b/Trash/a#01.xml"_s), "x"));
+        ClipManager::init();
+        QCOMPARE(ClipManager::getTrashClips(), QStringList(_fixture->path(u"b/Trash/a#01.xml"_s)));
+        _fixture->dialogs.answers = {1};
+        QVERIFY(!ClipManager::cleanUp());
+        QCOMPARE(_fixture->dialogs.alerts[0].title, u"Delete Clips in the Trash?"_s);
+        QVERIFY(QFile::exists(_fixture->path(u"b/Trash/a#01.xml"_s)));
+    }
+};
+
+QTEST_MAIN(ClipManagerFilesTest)
+#include "ClipManagerFilesTest.moc"
