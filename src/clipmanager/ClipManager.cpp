@@ -12,6 +12,7 @@
 #include "connect/ClipTableController.h"
 #include "connect/MoviePreview.h"
 #include "folders/RecordFolderController.h"
+#include "markers/ClipMarkerController.h"
 #include "platform/ElidingLabel.h"
 #include "platform/EmptyHint.h"
 #include "platform/Files.h"
@@ -127,7 +128,7 @@ Result<void> ClipManager::connectOutlets() {
         return std::unexpected(attributes.error());
     }
     _attributes = std::move(*attributes);
-    return {};
+    return setUpMarkerList();
 }
 
 void ClipManager::setUpFolderList() {

@@ -25,7 +25,7 @@ class QWidget;
 namespace marquill {
 
 class ClipAttributes;
-class ClipManagerToolbar;
+class ClipMarkerController;
 class ClipMediaReader;
 class ClipTableController;
 class CollapsibleWindow;
@@ -129,6 +129,19 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
     void ratingChanged();
     void shotChanged();
 
+    // The current clip's markers.
+
+    /// Puts a marker that was just fired into the list while the clip's movie can be played and no take is
+    /// recorded.
+    void newMarkerIssued(const Dictionary& marker);
+    /// Makes the preview's current time the clip's in point, or its out point.
+    void clipIn();
+    void clipOut();
+    /// Moves the preview to the marker's start.
+    void markerSelected(const Dictionary& marker);
+    /// Takes the list's markers into the clip.
+    void clipMarkerChanged();
+
   protected:
     /// The window's: edits are written when it is left, and its frame is saved once it has come to rest.
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -138,6 +151,7 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
 
     Result<void> loadWindow();
     Result<void> connectOutlets();
+    Result<void> setUpMarkerList();
     void setUpFolderList();
     void buildToolbar();
     void setUpClipTable();
@@ -149,6 +163,7 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
     void mediaRead(const ClipMedia& media);
     void mediaOpened(const ClipMedia& media);
     void showNoMedia(const QString& message);
+    void storeMarkers();
     void setMarkersLive(bool live);
     void enableMarkerButtons();
     void applyName(const ClipInfo& clip, const QString& name);
@@ -184,6 +199,7 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
     std::unique_ptr<ClipTableController> _clips;
     std::unique_ptr<CollapsibleWindow> _collapsible;
     std::unique_ptr<ClipAttributes> _attributes;
+    std::unique_ptr<ClipMarkerController> _markers;
     std::unique_ptr<CurrentClip> _current;
     std::unique_ptr<ClipMediaReader> _mediaReader;
     ClipFolderReader _reader;

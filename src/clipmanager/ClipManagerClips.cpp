@@ -10,9 +10,8 @@
 #include "connect/ClipViewer.h"
 #include "connect/MoviePreview.h"
 #include "folders/Preferences.h"
-#include "markers/MarkerSets.h"
+#include "markers/ClipMarkerController.h"
 #include "platform/Theme.h"
-#include "recording/OfflineRecorder.h"
 
 #include <QAction>
 #include <QApplication>
@@ -25,18 +24,6 @@ namespace marquill {
 namespace {
 
 constexpr double timeCodePointSize = 12;
-
-// Where the clip's markers are, in seconds from its start.
-QList<double> markerTimes(const ClipInfo& clip) {
-    QList<double> times;
-    for (const Value& value : clip.clipMarkerArray().value_or(Array()).values()) {
-        const std::optional<Dictionary> record = value.dictionary();
-        if (const std::optional<double> in = record ? Marker(*record).in() : std::nullopt) {
-            times.append(*in);
-        }
-    }
-    return times;
-}
 
 }  // namespace
 
@@ -60,6 +47,8 @@ void ClipManager::setUpEditor() {
     connect(editor, &ClipAttributes::commentChanged, this, &ClipManager::commentChanged);
     connect(editor, &ClipAttributes::ratingChanged, this, &ClipManager::ratingChanged);
     connect(editor, &ClipAttributes::shotChanged, this, &ClipManager::shotChanged);
+    connect(editor, &ClipAttributes::clipIn, this, &ClipManager::clipIn);
+    connect(editor, &ClipAttributes::clipOut, this, &ClipManager::clipOut);
     connect(editor, &ClipAttributes::showLabelList, this, &ClipManager::showLabelList);
     updateLabelMenu();
     showNoMedia(noMediaText());
@@ -99,12 +88,18 @@ void ClipManager::applyName(const ClipInfo& clip, const QString& name) {
 void ClipManager::selectClip(const ClipInfo& clip) {
     _current->take(clip);
     _attributes->show(clip);
+    _markers->setMarkerArrayFromClip(clip);
     _mediaTimer.start();
 }
 
 void ClipManager::unselectClip() {
     setMarkersLive(false);
-    _current->release();
+    if (currentClip()) {
+        storeMarkers();
+        _current->release();
+    }
+    _markers->removeMarkerArray();
+    _markers->clearActions();
     _attributes->clear();
     // An edit takes the selection away and gives it back; the movie is not to start anew for that.
     _mediaReader->cancel();
@@ -223,7 +218,6 @@ void ClipManager::mediaOpened(const ClipMedia& media) {
         _moviePreview->setOpenMovie(*media.movie);
     }
     _moviePreview->setString(std::nullopt);
-    _moviePreview->setMarkerTimes(markerTimes(clip));
     setMarkersLive(true);
 }
 
@@ -231,27 +225,12 @@ void ClipManager::showNoMedia(const QString& message) {
     if (_moviePreview->path()) {
         _moviePreview->setMovieByPath(std::nullopt);
     }
-    _moviePreview->setMarkerTimes({});
     _moviePreview->setString(message);
 }
 
 QString ClipManager::noMediaText() const {
     const std::size_t selected = _clips->selectedClipArray().size();
     return selected > 1 ? u"%1 clips selected"_s.arg(selected) : u"Select a clip to see its movie"_s;
-}
-
-void ClipManager::setMarkersLive(bool live) {
-    _markersAreLive = live;
-    enableMarkerButtons();
-}
-
-// During a take the buttons are the recorder's.
-void ClipManager::enableMarkerButtons() {
-    const MarkerSets* markers = MarkerSets::controller();
-    if (markers && !OfflineRecorder::isRecording() &&
-        markers->buttons().front()->isEnabled() != _markersAreLive) {
-        MarkerSets::setMarkersEnabled(_markersAreLive);
-    }
 }
 
 void ClipManager::validateMenuItem(QAction& action) {

@@ -25,6 +25,22 @@ void setValueOf(const ClipInfo& clip, const QString& key, const Value& value) {
     }
 }
 
+// Whether the file that holds `written` has all of `clip`. What the clip table adds to a record while it
+// shows it is no edit.
+bool isWritten(const ClipInfo& clip, const ClipInfo& written) {
+    Dictionary present = clip.record().copy();
+    Dictionary known = written.record().copy();
+    present.remove(ClipKey::clipFileSize);
+    known.remove(ClipKey::clipFileSize);
+    if (!written.clipCreationDate()) {
+        present.remove(ClipKey::clipCreationDate);
+    }
+    if (!written.clipTake() && clip.clipTake() == ClipStore::takeFromClip(written)) {
+        present.remove(ClipKey::clipTake);
+    }
+    return present == known;
+}
+
 }  // namespace
 
 CurrentClip::CurrentClip(ClipTableController& table) : _table(table) {
@@ -99,7 +115,7 @@ void CurrentClip::change(const QString& key, const Value& value) {
 void CurrentClip::write() {
     _rest.stop();
     const std::optional<QString>& folder = _table.clipFolder();
-    if (!_clip || !folder || *_clip == _written) {
+    if (!_clip || !folder || isWritten(*_clip, _written)) {
         return;
     }
     if (isInTable()) {
