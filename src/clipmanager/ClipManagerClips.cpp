@@ -209,9 +209,8 @@ void ClipManager::mediaRead(const ClipMedia& media) {
 
 void ClipManager::mediaOpened(const ClipMedia& media) {
     ClipInfo clip = *currentClip();
-    const auto seconds = static_cast<qint64>(media.movie->seconds());
-    if (clip.clipDuration() != seconds) {
-        clip.setClipDuration(seconds);
+    if (clip.clipDuration() != media.duration) {
+        clip.setClipDuration(media.duration);
         _clips->model().attributesChanged(clip);
     }
     if (_moviePreview->path() != media.path) {

@@ -28,10 +28,15 @@ void openMovie(ClipMedia& media, bool isPlaceholder) {
 
 }  // namespace
 
-ClipMedia readClipMedia(const ClipInfo& clip, const QString& folder) {
+ClipMedia readClipMedia(const ClipInfo& info, const QString& folder) {
+    ClipInfo clip = info.deepCopy();
     ClipMedia media;
     media.path = mediaPathOfClip(clip, folder);
     openMovie(media, ClipStore::isProxyClip(clip));
+    if (media.movie) {
+        clip.setClipDuration(static_cast<qint64>(media.movie->seconds()));
+        media.duration = clip.clipDuration();
+    }
     media.attributes = ClipStore::attrForClipInfo(clip, folder);
     media.pathAttribute = ClipStore::pathAttrForClipInfo(clip, folder);
     return media;

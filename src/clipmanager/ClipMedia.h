@@ -11,15 +11,16 @@
 namespace marquill {
 
 struct ClipMedia {
-    QString path;                ///< of the media; "" for a placeholder that is not connected
-    std::optional<Movie> movie;  ///< when it could be opened
-    QString message;             ///< why there is no movie; "" when there is one
-    QString attributes;          ///< ClipStore::attrForClipInfo
-    QString pathAttribute;       ///< ClipStore::pathAttrForClipInfo
+    QString path;                    ///< of the media; "" for a placeholder that is not connected
+    std::optional<Movie> movie;      ///< when it could be opened
+    std::optional<qint64> duration;  ///< of the movie, in whole seconds, truncated
+    QString message;                 ///< why there is no movie; "" when there is one
+    QString attributes;              ///< ClipStore::attrForClipInfo
+    QString pathAttribute;           ///< ClipStore::pathAttrForClipInfo
 };
 
 /// Asks the disk for the media of a clip in `folder`; any thread. A movie is opened once.
-ClipMedia readClipMedia(const ClipInfo& clip, const QString& folder);
+ClipMedia readClipMedia(const ClipInfo& info, const QString& folder);
 
 class ClipMediaReader : public QObject {
     Q_OBJECT

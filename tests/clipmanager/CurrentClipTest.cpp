@@ -381,6 +381,7 @@ class CurrentClipTest : public QObject {
         _fixture->show();
         _fixture->select(u"A#01.xml"_s);
         QTRY_COMPARE(manager().currentClip()->clipDuration(), 1);
+        QVERIFY(_fixture->outlet<QLabel>(u"_clipAttributes"_s).text().startsWith(u"Duration: 00:00:01"_s));
         _fixture->table().deselectAll();
         QCOMPARE(_fixture->onDisk(u"A#01.xml"_s).clipDuration(), 1);
     }
