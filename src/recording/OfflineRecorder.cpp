@@ -1,9 +1,6 @@
 #include "recording/OfflineRecorder.h"
 
-#include "clipstore/ClipInfo.h"
-#include "clipstore/ClipStore.h"
 #include "clipstore/Notifications.h"
-#include "clipstore/Utils.h"
 #include "markers/Marker.h"
 #include "markers/MarkerSets.h"
 #include "platform/Clock.h"
@@ -12,10 +9,9 @@
 #include "platform/FloatingPanel.h"
 #include "platform/Log.h"
 #include "recording/RecordingDestination.h"
+#include "recording/TakeWriter.h"
 
 #include <QLineEdit>
-
-#include <cmath>
 
 namespace marquill {
 
@@ -24,21 +20,6 @@ namespace {
 std::unique_ptr<OfflineRecorder>& instance() {
     static std::unique_ptr<OfflineRecorder> recorder;
     return recorder;
-}
-
-// A name that other programs keep taking would be tried for ever.
-constexpr int mostNamesTried = 1000;
-
-const QString untitled = u"Untitled"_s;
-
-// Creates the clip's file. Text that no file can hold costs its characters, not the take.
-Result<void> createClip(ClipInfo& clip, const QString& folder) {
-    Result<void> created = ClipStore::createProxyClip(clip, folder);
-    if (created || created.error().code != ErrorCode::malformed) {
-        return created;
-    }
-    clip = ClipInfo(Utils::writableCopy(clip.record()).dictionary().value_or(Dictionary()));
-    return ClipStore::createProxyClip(clip, folder);
 }
 
 void alertFolderNotSelected(QWidget* window) {
@@ -137,63 +118,29 @@ void OfflineRecorder::stop(std::optional<Date> moment) {
     const double elapsed = secondsBetween(_recordStartDate, moment.value_or(Clock::current().now()));
     disconnect(_markerConnection);
     MarkerSets::setMarkersEnabled(false);
-    const QString folder = _recordingFolder->folderPath().value_or(QString());
-    const std::optional<ClipInfo> clip = writeTake(folder, elapsed);
+    const TakeRecord stopped = take(elapsed);
+    const Result<ClipInfo> clip = TakeWriter::write(stopped);
     _recordingFolder.reset();
     _isRecording = false;
     showRecordingState(false);
     if (clip) {
-        _destination.addClip(*clip, folder);
+        _destination.addClip(*clip, stopped.folder);
     } else {
+        qCWarning(logRecording).noquote() << clip.error().description();
         alertClipNotCreated(_panel.get());
     }
     updateTakeNoUI();
 }
 
-// Writes the take under the name that was typed. One that the volume does not take, being too long for it or
-// holding a character that it forbids, does not cost the take.
-std::optional<ClipInfo> OfflineRecorder::writeTake(const QString& folder, double elapsed) const {
-    const QString typedName = _defaultClipName->text();
-    std::optional<ClipInfo> clip;
-    if (!typedName.isEmpty()) {
-        clip = writeClip(folder, typedName, elapsed);
-    }
-    return clip ? clip : writeClip(folder, untitled, elapsed);
-}
-
-// Writes the take under the next free name of `name`. A name that another program takes at the same moment is
-// left to it, and the next free one is taken.
-std::optional<ClipInfo> OfflineRecorder::writeClip(const QString& folder, const QString& name,
-                                                   double elapsed) const {
-    for (int tries = 0; tries < mostNamesTried; ++tries) {
-        const std::optional<NewClipName> base = ClipStore::getNewClipNameForFolder(folder, name);
-        if (!base) {
-            return std::nullopt;
-        }
-        ClipInfo clip = newClip(base->name + u".xml"_s, folder, elapsed);
-        const Result<void> written = createClip(clip, folder);
-        if (written) {
-            return clip;
-        }
-        if (written.error().code != ErrorCode::alreadyExists) {
-            qCWarning(logRecording).noquote() << written.error().description();
-            return std::nullopt;
-        }
-    }
-    return std::nullopt;
-}
-
-ClipInfo OfflineRecorder::newClip(const QString& clipName, const QString& folder, double elapsed) const {
-    ClipInfo clip = ClipStore::newInfoForProxyClip(clipName, folder);
-    const auto duration = static_cast<qint64>(std::trunc(elapsed));
-    clip.setClipCreationDate(_recordStartDate);
-    clip.setClipRecordingStartTime(_recordStartDate);
-    clip.setClipOldRecordingStartTime(_recordStartDate);
-    clip.setClipScene(_defaultSceneName->text());
-    clip.setClipDuration(duration);
-    clip.setClipOldDuration(duration);
-    clip.setClipMarkerArray(_recordingMarkers.copy());
-    return clip;
+// The take as it stands after `elapsed` seconds; the fields count as they are now.
+TakeRecord OfflineRecorder::take(double elapsed) const {
+    return {.name = _defaultClipName->text(),
+            .scene = _defaultSceneName->text(),
+            .folder = _recordingFolder->folderPath().value_or(QString()),
+            .start = _recordStartDate,
+            .elapsed = elapsed,
+            .markers = _recordingMarkers,
+            .comment = {}};
 }
 
 // The recording folder's path, if it is there on disk.

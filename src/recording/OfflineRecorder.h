@@ -5,6 +5,7 @@
 #include "folders/FolderRecord.h"
 #include "platform/Date.h"
 #include "platform/PropertyList.h"
+#include "recording/TakeRecord.h"
 
 #include <QIcon>
 #include <QObject>
@@ -21,7 +22,6 @@ class QWidget;
 
 namespace marquill {
 
-class ClipInfo;
 class FloatingPanel;
 class RecordingDestination;
 
@@ -70,9 +70,7 @@ class OfflineRecorder : public QObject {
     void showElapsed(double seconds);
     void endEditing();
     std::optional<QString> existingFolderPath() const;
-    ClipInfo newClip(const QString& clipName, const QString& folder, double elapsed) const;
-    std::optional<ClipInfo> writeTake(const QString& folder, double elapsed) const;
-    std::optional<ClipInfo> writeClip(const QString& folder, const QString& name, double elapsed) const;
+    TakeRecord take(double elapsed) const;
 
     RecordingDestination& _destination;
     std::unique_ptr<FloatingPanel> _panel;
