@@ -13,11 +13,6 @@ namespace {
 
 constexpr int mostDamagedFiles = 1000;
 
-QString standardPath() {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-           u"/marquill/settings.plist"_s;
-}
-
 std::optional<UserDefaults>& standardDefaults() {
     static std::optional<UserDefaults> defaults;
     return defaults;
@@ -54,6 +49,11 @@ UserDefaults::UserDefaults(QString path) : _path(std::move(path)) {
         qCWarning(logPlatform).noquote() << "The settings cannot be read:" << values.error().description();
     }
     _values.freeze();
+}
+
+QString UserDefaults::standardPath() {
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           u"/marquill/settings.plist"_s;
 }
 
 UserDefaults& UserDefaults::standard() {

@@ -24,6 +24,8 @@ class UserDefaults {
     static UserDefaults& standard();
     /// Makes `path` the file of the program's own settings, and reads it.
     static void useFile(const QString& path);
+    /// The file of the program's own settings when no other is named.
+    static QString standardPath();
 
     const QString& path() const { return _path; }
 
