@@ -9,6 +9,7 @@
 #include "platform/FloatingPanel.h"
 #include "platform/Log.h"
 #include "recording/RecordingDestination.h"
+#include "recording/TakeJournal.h"
 #include "recording/TakeWriter.h"
 
 #include <QLineEdit>
@@ -21,6 +22,8 @@ std::unique_ptr<OfflineRecorder>& instance() {
     static std::unique_ptr<OfflineRecorder> recorder;
     return recorder;
 }
+
+constexpr std::chrono::seconds heartbeatInterval{2};
 
 void alertFolderNotSelected(QWidget* window) {
     Dialogs::current().alert(
@@ -40,8 +43,8 @@ void alertClipNotCreated(QWidget* window) {
 
 }  // namespace
 
-void OfflineRecorder::init(RecordingDestination& destination) {
-    std::unique_ptr<OfflineRecorder> recorder(new OfflineRecorder(destination));
+void OfflineRecorder::init(RecordingDestination& destination, const QString& journalFolder) {
+    std::unique_ptr<OfflineRecorder> recorder(new OfflineRecorder(destination, journalFolder));
     if (recorder->loadPanel()) {
         recorder->restore();
         instance() = std::move(recorder);
@@ -86,7 +89,15 @@ void OfflineRecorder::processKeyDown(QKeyEvent& event) {
     }
 }
 
-OfflineRecorder::OfflineRecorder(RecordingDestination& destination) : _destination(destination) {}
+OfflineRecorder::OfflineRecorder(RecordingDestination& destination, const QString& journalFolder)
+    : _destination(destination), _volumeWatch([this] { return recordFolderPath(); }) {
+    if (journalFolder.isEmpty()) {
+        return;
+    }
+    _journal = std::make_unique<TakeJournal>(journalFolder);
+    connect(_journal.get(), &TakeJournal::problemChanged, this, &OfflineRecorder::journalProblemChanged);
+    connect(&_heartbeat, &QTimer::timeout, this, &OfflineRecorder::heartbeat);
+}
 
 OfflineRecorder::~OfflineRecorder() = default;
 
@@ -105,6 +116,10 @@ void OfflineRecorder::start(std::optional<Date> moment) {
     _markerConnection = connect(&Notifications::centre(), &Notifications::newMarkerIssued, this,
                                 &OfflineRecorder::newMarkerIssued);
     _isRecording = true;
+    if (_journal) {
+        _journal->begin(take(0));
+        _heartbeat.start(heartbeatInterval);
+    }
     MarkerSets::setMarkersEnabled(true);
     updateTakeNoUI();
     showElapsed(0);
@@ -117,9 +132,10 @@ void OfflineRecorder::stop(std::optional<Date> moment) {
     }
     const double elapsed = secondsBetween(_recordStartDate, moment.value_or(Clock::current().now()));
     disconnect(_markerConnection);
+    _heartbeat.stop();
     MarkerSets::setMarkersEnabled(false);
     const TakeRecord stopped = take(elapsed);
-    const Result<ClipInfo> clip = TakeWriter::write(stopped);
+    const Result<ClipInfo> clip = writeTake(stopped);
     _recordingFolder.reset();
     _isRecording = false;
     showRecordingState(false);
@@ -130,6 +146,24 @@ void OfflineRecorder::stop(std::optional<Date> moment) {
         alertClipNotCreated(_panel.get());
     }
     updateTakeNoUI();
+}
+
+// Until the clip is on the disk, the journal stands for the take; when it cannot be written, for longer.
+Result<ClipInfo> OfflineRecorder::writeTake(const TakeRecord& take) {
+    if (_journal) {
+        _journal->stop(take);
+    }
+    Result<ClipInfo> clip = TakeWriter::write(take);
+    if (_journal) {
+        clip ? _journal->remove() : _journal->keep();
+    }
+    return clip;
+}
+
+void OfflineRecorder::heartbeat() {
+    if (_isRecording && _journal) {
+        _journal->beat(take(secondsBetween(_recordStartDate, Clock::current().now())));
+    }
 }
 
 // The take as it stands after `elapsed` seconds; the fields count as they are now.
@@ -151,8 +185,12 @@ std::optional<QString> OfflineRecorder::existingFolderPath() const {
 }
 
 void OfflineRecorder::newMarkerIssued(const Dictionary& marker, Date markerCreationTime) {
-    Marker(marker).setIn(secondsBetween(_recordStartDate, markerCreationTime));
+    const double in = secondsBetween(_recordStartDate, markerCreationTime);
+    Marker(marker).setIn(in);
     _recordingMarkers.append(marker);
+    if (_journal) {
+        _journal->addMarker(marker, in);
+    }
 }
 
 }  // namespace marquill

@@ -4,8 +4,10 @@
 
 #include "folders/FolderRecord.h"
 #include "platform/Date.h"
+#include "platform/Error.h"
 #include "platform/PropertyList.h"
 #include "recording/TakeRecord.h"
+#include "recording/VolumeWatch.h"
 
 #include <QIcon>
 #include <QObject>
@@ -22,16 +24,19 @@ class QWidget;
 
 namespace marquill {
 
+class ClipInfo;
 class FloatingPanel;
 class RecordingDestination;
+class TakeJournal;
 
 class OfflineRecorder : public QObject {
     Q_OBJECT
 
   public:
     /// Makes the recorder and restores its panel. Without a panel description there is none, and every class
-    /// operation acts on nothing. `destination` must outlive it.
-    static void init(RecordingDestination& destination);
+    /// operation acts on nothing. `destination` must outlive it. The journal of the take in progress is kept
+    /// in `journalFolder`; without one, a crash costs the take.
+    static void init(RecordingDestination& destination, const QString& journalFolder = {});
     /// Saves the panel's state and destroys the recorder.
     static void finish();
     static bool isRecording();
@@ -55,22 +60,32 @@ class OfflineRecorder : public QObject {
     /// Shows the take number that the next clip will get: 0 without a folder or a name.
     void updateTakeNoUI();
     void timerRecordAction();
+    /// Notes in the journal that the take goes on.
+    void heartbeat();
     void newMarkerIssued(const Dictionary& marker, Date markerCreationTime);
     /// Tab in the panel goes to the clip name; no other key is handled.
     bool keyDown(QKeyEvent& event);
     bool windowShouldClose();
 
+    /// The journal of takes, or null where none is kept.
+    TakeJournal* journal() const { return _journal.get(); }
+    VolumeWatch& volumeWatch() { return _volumeWatch; }
+
   private:
-    explicit OfflineRecorder(RecordingDestination& destination);
+    OfflineRecorder(RecordingDestination& destination, const QString& journalFolder);
     bool loadPanel();
     void wirePanel();
     void restore();
     void save() const;
     void showRecordingState(bool recording);
     void showElapsed(double seconds);
+    void showWarnings();
+    void journalProblemChanged(const QString& problem);
     void endEditing();
+    QString recordFolderPath() const;
     std::optional<QString> existingFolderPath() const;
     TakeRecord take(double elapsed) const;
+    Result<ClipInfo> writeTake(const TakeRecord& take);
 
     RecordingDestination& _destination;
     std::unique_ptr<FloatingPanel> _panel;
@@ -80,6 +95,7 @@ class OfflineRecorder : public QObject {
     QLineEdit* _defaultClipName = nullptr;
     QLineEdit* _defaultSceneName = nullptr;
     QLabel* _currentTakeNo = nullptr;
+    QLabel* _recordWarning = nullptr;
     QIcon _recordNormalImage;
     QIcon _recordActiveImage;
     bool _isRecording = false;
@@ -89,6 +105,10 @@ class OfflineRecorder : public QObject {
     Array _recordingMarkers;
     QMetaObject::Connection _markerConnection;
     QTimer _displayTimer;
+    std::unique_ptr<TakeJournal> _journal;
+    QString _journalProblem;
+    QTimer _heartbeat;  // runs during a take
+    VolumeWatch _volumeWatch;
 };
 
 }  // namespace marquill

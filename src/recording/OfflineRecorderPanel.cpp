@@ -16,9 +16,12 @@
 #include "platform/WindowFrame.h"
 #include "recording/OfflineRecorder.h"
 #include "recording/RecordingDestination.h"
+#include "recording/TakeJournal.h"
 
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QStyle>
 #include <QToolButton>
@@ -38,6 +41,14 @@ const QString sceneNameKey = u"kOfflineRecorderSceneName"_s;
 // How long after a name is entered the keys go back to the panel, in seconds.
 constexpr double switchFirstResponderDelay = 1.0;
 constexpr int displayInterval = 500;  // milliseconds
+
+// What the panel's content needs at the width that the panel has.
+int heightOfContent(const QWidget& panel) {
+    QLayout& layout = *panel.layout();
+    layout.activate();
+    return layout.hasHeightForWidth() ? layout.totalHeightForWidth(panel.width())
+                                      : layout.totalSizeHint().height();
+}
 
 // A saved text that the field would not let be typed is not put into it either.
 void restoreText(QLineEdit& field, const std::optional<QString>& saved) {
@@ -61,6 +72,7 @@ bool OfflineRecorder::loadPanel() {
         outlets.connect(_defaultClipName, u"_defaultClipName"_s);
         outlets.connect(_defaultSceneName, u"_defaultSceneName"_s);
         outlets.connect(_currentTakeNo, u"_currentTakeNo"_s);
+        outlets.connect(_recordWarning, u"_recordWarning"_s);
         if (outlets.check()) {
             wirePanel();
             return true;
@@ -83,6 +95,7 @@ void OfflineRecorder::wirePanel() {
     connect(_defaultSceneName, &QLineEdit::returnPressed, this, &OfflineRecorder::sceneNameEntered);
     connect(&Notifications::centre(), &Notifications::recordingFolderChanged, this,
             &OfflineRecorder::updateTakeNoUI);
+    connect(&_volumeWatch, &VolumeWatch::warningChanged, this, &OfflineRecorder::showWarnings);
     connect(&_displayTimer, &QTimer::timeout, this, &OfflineRecorder::timerRecordAction);
     _displayTimer.setTimerType(Qt::PreciseTimer);
     _displayTimer.start(displayInterval);
@@ -109,12 +122,42 @@ void OfflineRecorder::save() const {
                                                               {sceneNameKey, _defaultSceneName->text()}});
 }
 
-void OfflineRecorder::updateTakeNoUI() {
+// The path of the folder that the next take goes to; "" without one.
+QString OfflineRecorder::recordFolderPath() const {
     const std::optional<FolderRecord> folder = _destination.recordFolder();
-    const QString path = folder ? folder->folderPath().value_or(QString()) : QString();
+    return folder ? folder->folderPath().value_or(QString()) : QString();
+}
+
+void OfflineRecorder::updateTakeNoUI() {
     const std::optional<NewClipName> next =
-        ClipStore::getNewClipNameForFolder(path, _defaultClipName->text());
+        ClipStore::getNewClipNameForFolder(recordFolderPath(), _defaultClipName->text());
     _currentTakeNo->setText(QString::number(next ? next->takeNo : 0));
+    _volumeWatch.folderMayHaveChanged();
+}
+
+void OfflineRecorder::journalProblemChanged(const QString& problem) {
+    _journalProblem = problem.isEmpty()
+                          ? QString()
+                          : u"A crash would cost this take: its journal cannot be written. "_s + problem;
+    showWarnings();
+}
+
+// Says in words what endangers takes, and keeps nobody from recording. The panel grows by it and shrinks
+// back.
+void OfflineRecorder::showWarnings() {
+    QStringList warnings{_volumeWatch.warning(), _journalProblem};
+    warnings.removeAll(QString());
+    const QString text = warnings.join(u'\n');
+    if (text == _recordWarning->text()) {
+        return;
+    }
+    // The toolkit may grow the panel as soon as the text is in it.
+    const int heightOfRest = _panel->height() - heightOfContent(*_panel);
+    _recordWarning->setText(text);
+    _recordWarning->setHidden(text.isEmpty());
+    _panel->resize(_panel->width(), heightOfRest + heightOfContent(*_panel));
+    QAccessibleEvent alert(_recordWarning, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
 }
 
 void OfflineRecorder::timerRecordAction() {
