@@ -5,6 +5,7 @@
 #include "application/FocusedText.h"
 #include "application/GlobalKeys.h"
 #include "application/KeyboardShortcuts.h"
+#include "application/TakeRescue.h"
 #include "clipmanager/ClipManager.h"
 #include "clipstore/Notifications.h"
 #include "folders/Preferences.h"
@@ -64,10 +65,11 @@ void Application::finishLaunching() {
     }
     MarkerSets::init();
     static ClipManagerDestination destination;
-    OfflineRecorder::init(destination);
+    OfflineRecorder::init(destination, TakeRescue::journalFolder());
     ClipManager::init();
     buildMenus();
     connectPanels();
+    rescueTakes();
     _launched = true;
     if (ClipManager* clipManager = ClipManager::getClipManager()) {
         makeKeyAndOrderFront(*clipManager->window());
@@ -137,6 +139,12 @@ void Application::connectPanels() {
             panel->windowHandle()->setTransientParent(main.windowHandle());
         }
     }
+}
+
+void Application::rescueTakes() {
+    _takeRescue = std::make_unique<TakeRescue>(TakeRescue::journalFolder());
+    connect(_takeRescue.get(), &TakeRescue::keptTakesChanged, _actions.get(), &ActionTable::validate);
+    _takeRescue->recoverAtLaunch();
 }
 
 bool Application::notify(QObject* receiver, QEvent* event) {
@@ -213,6 +221,7 @@ Application::TerminateReply Application::shouldTerminate() {
 }
 
 void Application::cleanUp() {
+    _takeRescue.reset();
     ClipManager::finish();
     MarkerSets::finish();
     OfflineRecorder::finish();

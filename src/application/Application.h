@@ -17,6 +17,7 @@ class QKeyEvent;
 namespace marquill {
 
 class KeyboardShortcuts;
+class TakeRescue;
 
 class Application : public QApplication {
     Q_OBJECT
@@ -48,6 +49,7 @@ class Application : public QApplication {
     void terminateLater();
     void hide();
     void showPreferences();
+    void recoverTakes();
     void showHideOfflineRecorderWindow();
     void showHideMarkerWindow();
     void showHideClipManagerWindow();
@@ -60,6 +62,8 @@ class Application : public QApplication {
     /// The commands that show windows, for panels that have no menu bar.
     QMenu& contextMenu() { return _contextMenu; }
     ActionTable& actions() { return *_actions; }
+    /// What recovers takes; null before launch and after quitting.
+    TakeRescue* takeRescue() const { return _takeRescue.get(); }
 
   private:
     bool takesGlobalKey(const QKeyEvent& event) const;
@@ -70,6 +74,7 @@ class Application : public QApplication {
     void showKeysInToolTips();
     void connectValidation();
     void connectPanels();
+    void rescueTakes();
     void cleanUp();
     bool eventFilter(QObject* watched, QEvent* event) override;
     void clipManagerStateChanged();
@@ -77,6 +82,7 @@ class Application : public QApplication {
     ApplicationController _controller;
     std::unique_ptr<ActionTable> _actions;
     std::unique_ptr<KeyboardShortcuts> _keyboardShortcuts;
+    std::unique_ptr<TakeRescue> _takeRescue;
     QMenu _contextMenu;
     Options _options;
     bool _launched = false;

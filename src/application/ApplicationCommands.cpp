@@ -2,6 +2,7 @@
 #include "application/Application.h"
 #include "application/FocusedText.h"
 #include "application/KeyboardShortcuts.h"
+#include "application/TakeRescue.h"
 #include "clipmanager/ClipManager.h"
 #include "folders/Preferences.h"
 #include "markers/MarkerSets.h"
@@ -87,6 +88,12 @@ void Application::showPreferences() {
     Preferences::runDialog();
 }
 
+void Application::recoverTakes() {
+    if (_takeRescue) {
+        _takeRescue->recoverTakes();
+    }
+}
+
 void Application::showHideClipManagerWindow() {
     showHide(clipManagerWindow());
 }
@@ -158,6 +165,8 @@ void Application::validateMenuItem(QAction& action) {
         action.setEnabled(!recording);
     } else if (id == "stopRecording"_L1) {
         action.setEnabled(recording);
+    } else if (id == "recoverTakes"_L1) {
+        action.setEnabled(_takeRescue && _takeRescue->hasKeptTakes());
     } else if (validateEditCommand(action)) {
         return;
     } else if (ClipManager* clipManager = ClipManager::getClipManager()) {

@@ -138,13 +138,14 @@ std::vector<ActionDescription> connectCommands() {
     };
 }
 
-std::vector<ActionDescription> recordCommands() {
+std::vector<ActionDescription> recordCommands(Application& app) {
     const QString menu = u"&Record"_s;
     return {
         {u"startRecording"_s, menu, u"Start Recording"_s, GlobalKeys::startRecordingKey(),
          [] { OfflineRecorder::startRecording(); }},
         {u"stopRecording"_s, menu, u"Stop Recording"_s, QKeySequence(Qt::Key_Escape),
          [] { OfflineRecorder::stopRecording(); }},
+        {u"recoverTakes"_s, menu, u"Recover Takes…"_s, {}, [&app] { app.recoverTakes(); }, true},
     };
 }
 
@@ -183,7 +184,7 @@ std::vector<ActionDescription> actionDescriptions(Application& application) {
     std::vector<ActionDescription> all;
     for (std::vector<ActionDescription> menu :
          {fileCommands(application), editCommands(), viewCommands(), clipCommands(), connectCommands(),
-          recordCommands(), windowCommands(application), helpCommands(application)}) {
+          recordCommands(application), windowCommands(application), helpCommands(application)}) {
         std::ranges::move(menu, std::back_inserter(all));
     }
     return all;

@@ -1,0 +1,184 @@
+#include "application/TakeRescue.h"
+
+#include "clipmanager/ClipManager.h"
+#include "connect/ClipTableController.h"
+#include "folders/RecordFolderController.h"
+#include "platform/DelayedCalls.h"
+#include "platform/FileBrowser.h"
+#include "platform/Files.h"
+#include "platform/FloatingPanel.h"
+#include "platform/Log.h"
+#include "platform/NoticeBar.h"
+#include "platform/StateFolder.h"
+#include "recording/OfflineRecorder.h"
+#include "recording/RecoverTakesDialog.h"
+#include "recording/TakeJournal.h"
+
+#include <QMainWindow>
+#include <QToolBar>
+
+#include <algorithm>
+#include <utility>
+
+namespace marquill {
+
+namespace {
+
+constexpr std::size_t mostTakesNamed = 3;
+constexpr double untilReadAgain = 0.1;  // seconds between two looks at a folder that is being read
+
+QString countOfTakes(std::size_t count) {
+    return count == 1 ? u"1 take"_s : u"%1 takes"_s.arg(count);
+}
+
+QString clipName(const TakeRecovery::RecoveredTake& take) {
+    return take.clip.clipName().value_or(QString());
+}
+
+}  // namespace
+
+TakeRescue::TakeRescue(QString journalFolder) : _journalFolder(std::move(journalFolder)) {
+    OfflineRecorder* recorder = OfflineRecorder::shared();
+    if (recorder && recorder->journal()) {
+        connect(recorder->journal(), &TakeJournal::kept, this, [this] { setHasKeptTakes(true); });
+    }
+}
+
+TakeRescue::~TakeRescue() = default;
+
+QString TakeRescue::journalFolder() {
+    return joinPath(stateFolder(), u"takes"_s);
+}
+
+void TakeRescue::recoverAtLaunch() {
+    _work.start([this, folder = _journalFolder](const BackgroundWork::Post& post) {
+        const auto isWanted = [&post] { return post.isWanted(); };
+        post([this, outcome = TakeRecovery::recoverAll(folder, isWanted)] { launched(outcome); });
+    });
+}
+
+void TakeRescue::launched(const TakeRecovery::Outcome& outcome) {
+    for (const TakeRecovery::RecoveredTake& take : outcome.recovered) {
+        takeRecovered(take);
+    }
+    if (!outcome.recovered.empty()) {
+        showNotice(textForRecovered(outcome.recovered), u"Show"_s,
+                   [this, takes = outcome.recovered] { showTakes(takes); });
+    }
+    if (!outcome.kept.empty()) {
+        setHasKeptTakes(true);
+        showNotice(u"%1 could not be saved where recorded"_s.arg(countOfTakes(outcome.kept.size())),
+                   u"Recover Takes…"_s, [this] { recoverTakes(); });
+    }
+}
+
+void TakeRescue::takeRecovered(const TakeRecovery::RecoveredTake& take) {
+    if (ClipManager* clipManager = ClipManager::getClipManager()) {
+        clipManager->addClip(take.clip, take.folder);
+    }
+    if (OfflineRecorder* recorder = OfflineRecorder::shared()) {
+        recorder->updateTakeNoUI();
+    }
+}
+
+void TakeRescue::setHasKeptTakes(bool hasKeptTakes) {
+    if (std::exchange(_hasKeptTakes, hasKeptTakes) != hasKeptTakes) {
+        Q_EMIT keptTakesChanged();
+    }
+}
+
+void TakeRescue::recoverTakes() {
+    if (!_dialog) {
+        ClipManager* clipManager = ClipManager::getClipManager();
+        auto dialog =
+            RecoverTakesDialog::create(_journalFolder, clipManager ? clipManager->window() : nullptr);
+        if (!dialog) {
+            qCWarning(logApplication).noquote() << dialog.error().description();
+            return;
+        }
+        _dialog = *std::move(dialog);
+        connect(_dialog.get(), &RecoverTakesDialog::takeRecovered, this, &TakeRescue::takeRecovered);
+        connect(_dialog.get(), &RecoverTakesDialog::takesChanged, this,
+                [this] { setHasKeptTakes(!_dialog->takes().empty()); });
+    }
+    _dialog->show();
+}
+
+QString TakeRescue::textForRecovered(const std::vector<TakeRecovery::RecoveredTake>& takes) {
+    QStringList names;
+    for (const TakeRecovery::RecoveredTake& take : takes) {
+        if (static_cast<std::size_t>(names.size()) < mostTakesNamed) {
+            names.append(withoutPathExtension(clipName(take)) + u" in "_s + lastPathComponent(take.folder));
+        }
+    }
+    if (takes.size() > mostTakesNamed) {
+        names.append(u"and %1 more"_s.arg(takes.size() - mostTakesNamed));
+    }
+    return u"Recovered %1: %2"_s.arg(countOfTakes(takes.size()), names.join(u", "_s));
+}
+
+// Selects the folder of the first take, and in it all takes that were recovered into it.
+void TakeRescue::showTakes(const std::vector<TakeRecovery::RecoveredTake>& takes) {
+    ClipManager* clipManager = ClipManager::getClipManager();
+    const QString folder = takes.front().folder;
+    if (!clipManager) {
+        return;
+    }
+    clipManager->folderList().selectFolder(folder);
+    if (clipManager->shownFolder() != folder) {
+        // It was taken off the list meanwhile; the desktop can show it still.
+        FileBrowser::current().reveal(joinPath(folder, clipName(takes.front())));
+        return;
+    }
+    makeKeyAndOrderFront(*clipManager->window());
+    QStringList names;
+    for (const TakeRecovery::RecoveredTake& take : takes) {
+        if (take.folder == folder) {
+            names.append(clipName(take));
+        }
+    }
+    selectWhenRead(folder, names);
+}
+
+void TakeRescue::selectWhenRead(const QString& folder, const QStringList& names) {
+    ClipManager* clipManager = ClipManager::getClipManager();
+    if (!clipManager || clipManager->shownFolder() != folder) {
+        return;
+    }
+    if (clipManager->isReading()) {
+        DelayedCalls::performAfterDelay(this, untilReadAgain,
+                                        [this, folder, names] { selectWhenRead(folder, names); });
+        return;
+    }
+    std::vector<ClipInfo> clips;
+    std::ranges::copy_if(
+        clipManager->clipTable().clipArray(), std::back_inserter(clips),
+        [&names](const ClipInfo& clip) { return names.contains(clip.clipName().value_or(QString())); });
+    clipManager->clipTable().selectClips(clips);
+}
+
+// A row of the window's tool bars holds the notice, so that it stands above the content, whatever that is.
+void TakeRescue::showNotice(const QString& text, const QString& buttonText,
+                            const std::function<void()>& buttonPressed) {
+    ClipManager* clipManager = ClipManager::getClipManager();
+    if (!clipManager) {
+        return;
+    }
+    QMainWindow& window = *clipManager->window();
+    auto* row = new QToolBar(u"Notice"_s, &window);
+    row->setObjectName(u"NoticeRow"_s);
+    row->setMovable(false);
+    row->setContextMenuPolicy(Qt::PreventContextMenu);
+    row->toggleViewAction()->setVisible(false);
+    auto* bar = new NoticeBar(text, buttonText, row);
+    row->addWidget(bar);
+    connect(bar, &NoticeBar::buttonPressed, row, [row, buttonPressed] {
+        row->deleteLater();
+        buttonPressed();
+    });
+    connect(bar, &NoticeBar::closed, row, &QObject::deleteLater);
+    window.addToolBarBreak(Qt::TopToolBarArea);
+    window.addToolBar(Qt::TopToolBarArea, row);
+}
+
+}  // namespace marquill
