@@ -124,15 +124,15 @@ void RecoverTakesDialog::recoverSelected() {
     if (selected.empty()) {
         return;
     }
-    const QStringList folders = Dialogs::current().chooseFolders(
+    const std::optional<QString> folder = Dialogs::current().chooseFolder(
         _window,
         {.title = u"Save Recovered Takes"_s, .startFolder = selected.front().take.folder, .suffixes = {}});
-    if (folders.isEmpty()) {
+    if (!folder) {
         return;
     }
     std::optional<Error> firstError;
     for (const TakeRecovery::KeptTake& kept : selected) {
-        if (const auto recovered = TakeRecovery::recover(kept.journal, folders.front())) {
+        if (const auto recovered = TakeRecovery::recover(kept.journal, *folder)) {
             Q_EMIT takeRecovered(*recovered);
         } else if (!firstError) {
             firstError = recovered.error();
