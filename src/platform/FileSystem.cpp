@@ -13,6 +13,10 @@ std::atomic<FileSystem*> installed = nullptr;
 
 }  // namespace
 
+Result<void> FileSystem::setExtendedAttribute(const QString& path, const QByteArray&, QByteArrayView) {
+    return failure(ErrorCode::unsupported, u"The volume keeps no extended attributes."_s, path);
+}
+
 Date FileAttributes::creationDate() const {
     return birthDate ? std::min(*birthDate, modificationDate) : modificationDate;
 }

@@ -95,6 +95,10 @@ class FileSystem {
     virtual Result<void> makeFolder(const QString& path) = 0;
     /// Returns when the folder's entries are on the device.
     virtual Result<void> syncFolder(const QString& path) = 0;
+    /// Gives a file an extended attribute, e.g. "user.com.apple.FinderInfo", replacing one of that name.
+    /// unsupported where the file system keeps none.
+    virtual Result<void> setExtendedAttribute(const QString& path, const QByteArray& name,
+                                              QByteArrayView value);
 
     /// The one in use: the operating system's, unless a test has installed its own.
     static FileSystem& current();

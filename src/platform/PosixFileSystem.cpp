@@ -8,6 +8,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <array>
@@ -233,6 +234,8 @@ class PosixFileSystem final : public FileSystem {
     Result<void> removeFolder(const QString& path) override;
     Result<void> makeFolder(const QString& path) override;
     Result<void> syncFolder(const QString& path) override;
+    Result<void> setExtendedAttribute(const QString& path, const QByteArray& name,
+                                      QByteArrayView value) override;
 };
 
 /// Of a call about two paths: `from` where that is missing, else `to`, is what the user has to look at.
@@ -374,6 +377,14 @@ Result<void> PosixFileSystem::syncFolder(const QString& path) {
     Result<void> synced = outcome(retrying([&] { return fsync(descriptor); }), path);
     close(descriptor);
     return synced;
+}
+
+Result<void> PosixFileSystem::setExtendedAttribute(const QString& path, const QByteArray& name,
+                                                   QByteArrayView value) {
+    return withName(path, [&](const char* nativePath) {
+        return setxattr(nativePath, name.constData(), value.data(), static_cast<std::size_t>(value.size()),
+                        0);
+    });
 }
 
 }  // namespace

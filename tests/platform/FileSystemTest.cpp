@@ -16,8 +16,10 @@
 #include <sys/stat.h>
 #include <sys/un.h>
 #include <sys/wait.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
 #include <csignal>
 
@@ -53,6 +55,22 @@ class FileSystemTest : public QObject {
 
   private Q_SLOTS:
     void init() { _folder = std::make_unique<QTemporaryDir>(); }
+
+    void extendedAttributesAreSetAndReplaced() {
+        const QString file = path(u"a.xml"_s);
+        QVERIFY(writeFile(file, "a"));
+        const Result<void> set = files().setExtendedAttribute(file, "user.marquill", "one\0two"_ba);
+        if (codeOf(set) == ErrorCode::unsupported) {
+            QSKIP("This file system keeps no extended attributes.");
+        }
+        QVERIFY(set);
+        QVERIFY(files().setExtendedAttribute(file, "user.marquill", QByteArray("1\0", 2)));
+        std::array<char, 16> value{};
+        QCOMPARE(getxattr(file.toUtf8().constData(), "user.marquill", value.data(), value.size()), 2);
+        QCOMPARE(QByteArray(value.data(), 2), QByteArray("1\0", 2));
+        QCOMPARE(codeOf(files().setExtendedAttribute(path(u"gone"_s), "user.marquill", "a")),
+                 ErrorCode::notFound);
+    }
 
     void openNeverWaitsAndTakesOnlyRegularFiles() {
         const QString pipe = path(u"x.xml"_s);
