@@ -1,5 +1,7 @@
 #include "platform/Dialogs.h"
 
+#include "platform/Files.h"
+
 #include <QAbstractItemView>
 #include <QFileDialog>
 #include <QListView>
@@ -90,11 +92,31 @@ class ToolkitDialogs : public Dialogs {
         chooser.setNameFilters(nameFilters(choice.suffixes));
         chooser.setDefaultSuffix(choice.suffixes.value(0));
         chooser.selectFile(choice.fileName);
-        chooser.setWindowModality(Qt::WindowModal);
-        if (chooser.exec() != QDialog::Accepted) {
-            return std::nullopt;
+        if (!choice.prompt.isEmpty()) {
+            chooser.setLabelText(QFileDialog::Accept, choice.prompt);
         }
-        return chooser.selectedFiles().value(0);
+        chooser.setWindowModality(Qt::WindowModal);
+        while (chooser.exec() == QDialog::Accepted) {
+            const QString path = chooser.selectedFiles().value(0);
+            if (mayTake(chooser, path, choice)) {
+                return path;
+            }
+        }
+        return std::nullopt;
+    }
+
+  private:
+    /// The chooser has asked about the name as it was chosen, and knows nothing of the suffix to come.
+    static bool mayTake(QWidget& chooser, const QString& path, const FileChoice& choice) {
+        const QString suffix = choice.suffixes.value(0);
+        if (suffix.isEmpty() || pathExtension(path) == suffix) {
+            return true;
+        }
+        const QString name = lastPathComponent(path) + u'.' + suffix;
+        return !fileExists(path + u'.' + suffix) ||
+               QMessageBox::question(chooser.parentWidget(), chooser.windowTitle(),
+                                     u"%1 already exists. Do you want to replace it?"_s.arg(name)) ==
+                   QMessageBox::Yes;
     }
 };
 

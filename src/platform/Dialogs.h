@@ -24,6 +24,7 @@ struct FileChoice {
     QString startFolder;    ///< or empty: where the desktop starts
     QStringList suffixes;   ///< without the dot; empty: any file
     QString fileName = {};  ///< the name proposed when saving
+    QString prompt = {};    ///< on the button that accepts; empty: the toolkit's word
 };
 
 class Dialogs {
@@ -41,7 +42,9 @@ class Dialogs {
     virtual std::optional<QString> chooseFile(QWidget* window, const FileChoice& choice) = 0;
     /// Lets the user choose existing files, several at once; none when cancelled.
     virtual QStringList chooseFiles(QWidget* window, const FileChoice& choice) = 0;
-    /// Lets the user name a file to write, asking before an existing one is taken; nothing when cancelled.
+    /// Lets the user name a file to write; nothing when cancelled. A name without extension gets the first
+    /// suffix. Asks before an existing file is taken, be it under the name chosen or under that name with the
+    /// first suffix behind it, for callers that insist on it.
     virtual std::optional<QString> chooseFileToSave(QWidget* window, const FileChoice& choice) = 0;
 
     /// The ones in use: the toolkit's, unless a test has installed its own.

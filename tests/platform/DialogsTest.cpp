@@ -156,6 +156,56 @@ class DialogsTest : public QObject {
         QVERIFY(isSingle);
     }
 
+    void aSaveChooserBearsThePromptAndTheProposedName() {
+        const QTemporaryDir place;
+        QString prompt;
+        QString proposed;
+        whenOpen<QFileDialog>([&](QFileDialog& chooser) {
+            prompt = chooser.labelText(QFileDialog::Accept);
+            proposed = chooser.selectedFiles().value(0);
+            static_cast<QDialog&>(chooser).done(QDialog::Accepted);
+        });
+        const FileChoice choice{.title = u"Export"_s,
+                                .startFolder = place.path(),
+                                .suffixes = {u"xml"_s},
+                                .fileName = u"Day 3.xml"_s,
+                                .prompt = u"Export"_s};
+        QCOMPARE(Dialogs::current().chooseFileToSave(nullptr, choice), place.filePath(u"Day 3.xml"_s));
+        QCOMPARE(prompt, u"Export"_s);
+        QCOMPARE(proposed, place.filePath(u"Day 3.xml"_s));
+        whenOpen<QFileDialog>([](QFileDialog& chooser) { chooser.reject(); });
+        QVERIFY(!Dialogs::current().chooseFileToSave(nullptr, choice));
+    }
+
+    void aFileThatTheSuffixLeadsToIsNotTakenUnasked_data() {
+        QTest::addColumn<bool>("replaces");
+        QTest::newRow("replace") << true;
+        QTest::newRow("keep") << false;
+    }
+    void aFileThatTheSuffixLeadsToIsNotTakenUnasked() {
+        QFETCH(const bool, replaces);
+        const QTemporaryDir place;
+        QFile old(place.filePath(u"list.XML.xml"_s));
+        QVERIFY(old.open(QIODevice::WriteOnly));
+        QString question;
+        whenOpen<QMessageBox>([&](QMessageBox& box) {
+            question = box.text();
+            if (!replaces) {
+                whenOpen<QFileDialog>([](QFileDialog& chooser) { chooser.reject(); });
+            }
+            box.button(replaces ? QMessageBox::Yes : QMessageBox::No)->click();
+        });
+        whenOpen<QFileDialog>(
+            [](QFileDialog& chooser) { static_cast<QDialog&>(chooser).done(QDialog::Accepted); });
+        const FileChoice choice{.title = u"Export"_s,
+                                .startFolder = place.path(),
+                                .suffixes = {u"xml"_s},
+                                .fileName = u"list.XML"_s};
+        const std::optional<QString> chosen = Dialogs::current().chooseFileToSave(nullptr, choice);
+        QVERIFY(question.contains(u"list.XML.xml already exists"_s));
+        QCOMPARE(chosen.has_value(), replaces);
+    }
+
     void installedDialogsAreUsedUntilTheyAreTakenAway() {
         Dialogs& toolkit = Dialogs::current();
         struct : Dialogs {
