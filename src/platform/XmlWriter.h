@@ -33,8 +33,8 @@ class XmlWriter {
 
   private:
     struct Open {
-        QByteArrayView name;
-        qsizetype contentStart;
+        QByteArrayView name = {};
+        qsizetype contentStart = 0;
     };
 
     void indent() { _xml.append(_depth, '\t'); }
