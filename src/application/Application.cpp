@@ -216,6 +216,9 @@ Application::TerminateReply Application::shouldTerminate() {
                               "please stop recording and try again to quit."_s});
         return TerminateReply::cancel;
     }
+    if (!ClipManager::cleanUp()) {
+        return TerminateReply::cancel;
+    }
     cleanUp();
     return TerminateReply::now;
 }

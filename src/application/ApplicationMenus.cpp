@@ -3,6 +3,7 @@
 #include "application/Application.h"
 #include "application/FocusedText.h"
 #include "application/GlobalKeys.h"
+#include "clipmanager/ClipExports.h"
 #include "clipmanager/ClipManager.h"
 #include "connect/ClipConnecting.h"
 #include "connect/ClipTableController.h"
@@ -21,6 +22,12 @@ void withClipManager(void (ClipManager::*command)()) {
     }
 }
 
+void withExports(void (ClipExports::*command)()) {
+    if (ClipManager* clipManager = ClipManager::getClipManager()) {
+        (clipManager->exports().*command)();
+    }
+}
+
 std::vector<ActionDescription> fileCommands(Application& app) {
     const QString menu = u"&File"_s;
     return {
@@ -33,6 +40,11 @@ std::vector<ActionDescription> fileCommands(Application& app) {
          [] { withClipManager(&ClipManager::removeFolderButton); }},
         {u"importQTclips"_s, menu, u"Import Movies…"_s, QKeySequence(Qt::CTRL | Qt::Key_I),
          [] { withClipManager(&ClipManager::importQTclips); }, true},
+        {u"exportClipListAsXML"_s, menu, u"Export Clips as XML…"_s, QKeySequence(Qt::CTRL | Qt::Key_E),
+         [] { withExports(&ClipExports::exportClipListAsXML); }},
+        {u"exportClipListAsText"_s, menu, u"Export Clips as Text…"_s,
+         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E),
+         [] { withExports(&ClipExports::exportClipListAsText); }},
         {u"showPreferences"_s, menu, u"Preferences…"_s, QKeySequence(Qt::CTRL | Qt::Key_Comma),
          [&app] { app.showPreferences(); }, true},
         {u"hide"_s, menu, u"Hide Marquill"_s, QKeySequence(Qt::CTRL | Qt::Key_H), [&app] { app.hide(); },
@@ -49,11 +61,11 @@ void withClipTable(void (ClipTableController::*command)()) {
 }
 
 // Takes back the typing of the field in hand, or else the window's last step.
-void undoOrRedo(FocusedText::Command command, void (UndoManager::*step)()) {
+void undoOrRedo(FocusedText::Command command, void (ClipManager::*step)()) {
     if (FocusedText::can(command)) {
         FocusedText::perform(command);
-    } else if (ClipManager* clipManager = ClipManager::getClipManager()) {
-        (clipManager->undoManager().*step)();
+    } else {
+        withClipManager(step);
     }
 }
 
@@ -62,9 +74,9 @@ std::vector<ActionDescription> editCommands() {
     const QString menu = u"&Edit"_s;
     return {
         {u"undo"_s, menu, u"Undo"_s, QKeySequence::Undo,
-         [] { undoOrRedo(Command::undo, &UndoManager::undo); }},
+         [] { undoOrRedo(Command::undo, &ClipManager::undo); }},
         {u"redo"_s, menu, u"Redo"_s, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z),
-         [] { undoOrRedo(Command::redo, &UndoManager::redo); }},
+         [] { undoOrRedo(Command::redo, &ClipManager::redo); }},
         {u"cut"_s, menu, u"Cut"_s, QKeySequence::Cut, [] { FocusedText::perform(Command::cut); }, true},
         {u"copy"_s, menu, u"Copy"_s, QKeySequence::Copy, [] { FocusedText::perform(Command::copy); }},
         {u"paste"_s, menu, u"Paste"_s, QKeySequence::Paste, [] { FocusedText::perform(Command::paste); }},
@@ -74,13 +86,20 @@ std::vector<ActionDescription> editCommands() {
 }
 
 std::vector<ActionDescription> viewCommands() {
+    const QString menu = u"&View"_s;
+    const auto part = [&menu](const QString& id, const QString& text, Qt::Key key,
+                              void (ClipManager::*command)()) {
+        return ActionDescription{id, menu, text, QKeySequence(Qt::CTRL | key),
+                                 [command] { withClipManager(command); }};
+    };
     return {
-        {u"collapseWindow"_s,
-         u"&View"_s,
-         u"Collapse Window"_s,
-         {},
-         [] { withClipManager(&ClipManager::collapseWindow); },
-         true},
+        part(u"goToFolders"_s, u"Go to Folders"_s, Qt::Key_5, &ClipManager::goToFolders),
+        part(u"goToClips"_s, u"Go to Clips"_s, Qt::Key_6, &ClipManager::goToClips),
+        part(u"goToMovie"_s, u"Go to Movie"_s, Qt::Key_7, &ClipManager::goToMovie),
+        part(u"goToAttributes"_s, u"Go to Clip Attributes"_s, Qt::Key_8, &ClipManager::goToAttributes),
+        part(u"goToMarkers"_s, u"Go to Markers"_s, Qt::Key_9, &ClipManager::goToMarkers),
+        {u"collapseWindow"_s, menu, u"Collapse Window"_s, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_W),
+         [] { withClipManager(&ClipManager::collapseWindow); }, true},
     };
 }
 
@@ -106,6 +125,23 @@ std::vector<ActionDescription> clipCommands() {
          [] { withClipTable(&ClipTableController::selectNextClip); }, true},
         {u"selectPrevClip"_s, menu, u"Select Previous Clip"_s, QKeySequence(Qt::CTRL | Qt::Key_Up),
          [] { withClipTable(&ClipTableController::selectPrevClip); }},
+        {u"clipIn"_s, menu, u"Set In Point"_s, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_I),
+         [] { withClipManager(&ClipManager::clipIn); }, true},
+        {u"clipOut"_s, menu, u"Set Out Point"_s, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O),
+         [] { withClipManager(&ClipManager::clipOut); }},
+        {u"addMarker"_s, menu, u"Add Marker"_s, QKeySequence(Qt::CTRL | Qt::Key_M),
+         [] { withClipManager(&ClipManager::addMarker); }},
+        {u"showLabelList"_s,
+         menu,
+         u"Edit Labels…"_s,
+         {},
+         [] { withClipManager(&ClipManager::showLabelList); },
+         true},
+        {u"showLeftOutMovies"_s,
+         menu,
+         u"Left-Out Movies…"_s,
+         {},
+         [] { withClipManager(&ClipManager::showLeftOutMovies); }},
     };
 }
 

@@ -199,6 +199,10 @@ void ClipAttributes::selectLabel(const std::optional<QString>& label) {
     _shotPopup->setCurrentIndex(_shotPopup->count() > 0 ? item : -1);
 }
 
+QWidget& ClipAttributes::firstField() const {
+    return *_clipNameText;
+}
+
 QString ClipAttributes::clipName() const {
     return _clipNameText->text();
 }

@@ -15,6 +15,7 @@ class QLineEdit;
 class QPlainTextEdit;
 class QPushButton;
 class QToolButton;
+class QWidget;
 
 namespace marquill {
 
@@ -37,6 +38,8 @@ class ClipAttributes : public QObject {
     /// Fills the label menu; the label shown stays.
     void setLabels(const QStringList& labels);
 
+    /// Where editing begins: the name.
+    QWidget& firstField() const;
     QString clipName() const;
     QString scene() const;
     QString take() const;

@@ -2,6 +2,7 @@
 #include "clipmanager/ClipManager.h"
 
 #include "clipmanager/ClipAttributes.h"
+#include "clipmanager/ClipExports.h"
 #include "clipmanager/ClipManagerSettings.h"
 #include "clipmanager/ClipManagerToolbar.h"
 #include "clipmanager/ClipMedia.h"
@@ -77,6 +78,7 @@ std::unique_ptr<ClipManager> ClipManager::initWithSettings(const Dictionary& set
     manager->setUpClipTable();
     manager->setUpPreview();
     manager->setUpEditor();
+    manager->setUpExports();
     manager->setUpSplitViews();
     manager->observe();
     manager->restore(settings);
@@ -254,6 +256,34 @@ void ClipManager::saveSettings() const {
 
 void ClipManager::collapseWindow() {
     _collapsible->toggle();
+}
+
+void ClipManager::goTo(QWidget& part) {
+    if (!_collapsible->isExpanded()) {
+        _collapsible->toggle();
+    }
+    _window->activateWindow();
+    part.setFocus(Qt::ShortcutFocusReason);
+}
+
+void ClipManager::goToFolders() {
+    goTo(*_recordFolderTable);
+}
+
+void ClipManager::goToClips() {
+    goTo(*_clipTable);
+}
+
+void ClipManager::goToMovie() {
+    goTo(*_moviePreview);
+}
+
+void ClipManager::goToAttributes() {
+    goTo(_attributes->firstField());
+}
+
+void ClipManager::goToMarkers() {
+    goTo(*_markerTable);
 }
 
 const std::optional<QString>& ClipManager::shownFolder() const {

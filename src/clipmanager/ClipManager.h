@@ -15,6 +15,7 @@
 #include <memory>
 #include <optional>
 
+class QAbstractButton;
 class QAction;
 class QLabel;
 class QMainWindow;
@@ -25,6 +26,7 @@ class QWidget;
 namespace marquill {
 
 class ClipAttributes;
+class ClipExports;
 class ClipMarkerController;
 class ClipMediaReader;
 class ClipTableController;
@@ -35,6 +37,7 @@ class MoviePreview;
 class RecordFolderController;
 class TableView;
 struct ClipMedia;
+struct ImportedMovies;
 
 class ClipManager : public QObject, public ClipStore, public RecordingDestination {
     Q_OBJECT
@@ -84,13 +87,27 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
     void deleteClipsButton();
     /// Sets the title of a command on clips, "undo" and "redo" included, and whether it is enabled.
     void validateMenuItem(QAction& action);
+    /// Takes back the window's last step, or does it again.
+    void undo();
+    void redo();
 
     /// Makes placeholders in the shown folder for movies that the user chooses.
     void importQTclips();
+    /// Shows which movies of the shown folder are in no list, and why.
+    void showLeftOutMovies();
+    /// The exports of the shown folder.
+    ClipExports& exports() { return *_exports; }
     /// Opens the preferences at the label list.
     void showLabelList();
     /// Folds the window to its tool bar and status line, or unfolds it.
     void collapseWindow();
+
+    // Each gives the keyboard to a part of the window.
+    void goToFolders();
+    void goToClips();
+    void goToMovie();
+    void goToAttributes();
+    void goToMarkers();
 
     /// Shows the clips of the one selected folder, or none when no folder or several are selected.
     void folderSelectionChanged();
@@ -137,6 +154,8 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
     /// Makes the preview's current time the clip's in point, or its out point.
     void clipIn();
     void clipOut();
+    /// Adds a marker at the preview's current time.
+    void addMarker();
     /// Moves the preview to the marker's start.
     void markerSelected(const Dictionary& marker);
     /// Takes the list's markers into the clip.
@@ -157,8 +176,13 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
     void setUpClipTable();
     void setUpPreview();
     void setUpEditor();
+    void setUpExports();
     void setUpSplitViews();
     void constrainClipSplit(int position);
+    void goTo(QWidget& part);
+    std::optional<bool> isEnabled(const QString& command) const;
+    void listMovies(const QStringList& paths);
+    ImportedMovies importMovies(const QStringList& paths);
     void showMedia();
     void mediaRead(const ClipMedia& media);
     void mediaOpened(const ClipMedia& media);
@@ -181,6 +205,8 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
     std::unique_ptr<QMainWindow> _window;
     TableView* _recordFolderTable = nullptr;
     TableView* _clipTable = nullptr;
+    TableView* _markerTable = nullptr;
+    QAbstractButton* _addMarkerButton = nullptr;
     QSplitter* _folderSplitView = nullptr;
     QSplitter* _clipSplitView = nullptr;
     QSplitter* _detailSplitView = nullptr;
@@ -202,6 +228,7 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
     std::unique_ptr<ClipMarkerController> _markers;
     std::unique_ptr<CurrentClip> _current;
     std::unique_ptr<ClipMediaReader> _mediaReader;
+    std::unique_ptr<ClipExports> _exports;
     ClipFolderReader _reader;
 
     std::optional<FolderRecord> _recordFolder;

@@ -232,26 +232,46 @@ QString ClipManager::noMediaText() const {
     return selected > 1 ? u"%1 clips selected"_s.arg(selected) : u"Select a clip to see its movie"_s;
 }
 
-void ClipManager::validateMenuItem(QAction& action) {
+void ClipManager::undo() {
+    // What is being typed is the step that comes first.
+    _current->endEditing();
+    _undoManager.undo();
+}
+
+void ClipManager::redo() {
+    _current->endEditing();
+    _undoManager.redo();
+}
+
+// Of the commands that are the window's own; nothing for the others.
+std::optional<bool> ClipManager::isEnabled(const QString& command) const {
     static const QStringList ofFolder = {u"exportClipListAsXML"_s, u"exportClipListAsText"_s,
-                                         u"importQTclips"_s};
+                                         u"importQTclips"_s, u"showLeftOutMovies"_s};
+    if (ofFolder.contains(command)) {
+        return shownFolder().has_value();
+    }
+    if (command == "clipIn"_L1 || command == "clipOut"_L1) {
+        return currentClip() && isProxyClip(*currentClip());
+    }
+    if (command == "addMarker"_L1) {
+        return currentClip() && _addMarkerButton->isEnabled();
+    }
+    return std::nullopt;
+}
+
+void ClipManager::validateMenuItem(QAction& action) {
     const QString command = action.objectName();
     if (command == "undo"_L1) {
-        // What is being typed is the step that comes first.
-        if (!_undoManager.isUndoing() && !_undoManager.isRedoing()) {
-            _current->endEditing();
-        }
-        action.setText(u"Undo %1"_s.arg(_undoManager.undoActionName()).trimmed());
-        action.setEnabled(_undoManager.canUndo());
+        const QString step = _current->isEditing() ? u"change Clip"_s : _undoManager.undoActionName();
+        action.setText(u"Undo %1"_s.arg(step).trimmed());
+        action.setEnabled(_undoManager.canUndo() || _current->isEditing());
     } else if (command == "redo"_L1) {
         action.setText(u"Redo %1"_s.arg(_undoManager.redoActionName()).trimmed());
         action.setEnabled(_undoManager.canRedo());
-    } else if (ofFolder.contains(command)) {
-        action.setEnabled(shownFolder().has_value());
     } else if (command == "collapseWindow"_L1) {
         action.setText(_collapsible->isExpanded() ? u"Collapse Window"_s : u"Expand Window"_s);
     } else {
-        action.setEnabled(_clips->validateMenuItem(command));
+        action.setEnabled(isEnabled(command).value_or(_clips->validateMenuItem(command)));
     }
 }
 

@@ -1,11 +1,15 @@
-// The Clip Manager's operations on the files of its folders: importing movies, and the trash at quitting.
+// The Clip Manager's operations on the files of its folders: importing movies, those that are in no list,
+// exports, and the trash at quitting.
+#include "clipmanager/ClipExports.h"
 #include "clipmanager/ClipManager.h"
+#include "clipmanager/LeftOutMoviesDialog.h"
 #include "clipmanager/MovieImport.h"
 #include "clipmanager/TrashQuestion.h"
 #include "clipstore/ClipTrash.h"
 #include "connect/ClipTableController.h"
 #include "folders/RecordFolderController.h"
 #include "platform/Dialogs.h"
+#include "platform/Files.h"
 #include "platform/Log.h"
 
 #include <QMainWindow>
@@ -38,13 +42,51 @@ void ClipManager::importQTclips() {
     if (movies.isEmpty()) {
         return;
     }
-    const ImportedMovies imported = MovieImport::importMovies(movies, *folder);
-    _clips->addClipsWithUndo({.clipFolder = *folder, .clipArray = imported.clips});
+    const ImportedMovies imported = importMovies(movies);
     if (!imported.errors.empty()) {
         Dialogs::current().alert(_window.get(), {.title = u"Could not load one or more Clips"_s,
                                                  .text = imported.errors.back().description(),
                                                  .buttons = {u"Ok"_s}});
     }
+}
+
+void ClipManager::showLeftOutMovies() {
+    const std::optional<QString> folder = shownFolder();
+    if (!folder) {
+        return;
+    }
+    const Result<std::unique_ptr<LeftOutMoviesDialog>> dialog =
+        LeftOutMoviesDialog::create(*folder, _window.get());
+    if (!dialog) {
+        qCWarning(logClipManager).noquote() << dialog.error().description();
+        return;
+    }
+    (*dialog)->listMovies = [this](const QStringList& paths) { listMovies(paths); };
+    (*dialog)->importMovies = [this](const QStringList& paths) { return importMovies(paths); };
+    (*dialog)->run();
+}
+
+// Shows movies of the shown folder that have become clips.
+void ClipManager::listMovies(const QStringList& paths) {
+    QStringList names;
+    for (const QString& path : paths) {
+        names.append(lastPathComponent(path));
+    }
+    _clips->addClipsRead(readClipInfos(shownFolder().value_or(QString()), names), {});
+    _clips->sortClips();
+}
+
+ImportedMovies ClipManager::importMovies(const QStringList& paths) {
+    const QString folder = shownFolder().value_or(QString());
+    ImportedMovies imported = MovieImport::importMovies(paths, folder);
+    _clips->addClipsWithUndo({.clipFolder = folder, .clipArray = imported.clips});
+    return imported;
+}
+
+void ClipManager::setUpExports() {
+    _exports = std::make_unique<ClipExports>(
+        *_window, ClipExports::Source{.clipFolder = [this] { return shownFolder(); },
+                                      .clipArray = [this] { return _clips->clipArray(); }});
 }
 
 QStringList ClipManager::getTrashClips() {

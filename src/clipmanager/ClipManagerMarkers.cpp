@@ -16,15 +16,13 @@
 namespace marquill {
 
 Result<void> ClipManager::setUpMarkerList() {
-    TableView* table = nullptr;
-    QAbstractButton* add = nullptr;
     QAbstractButton* remove = nullptr;
     QAbstractButton* setStart = nullptr;
     QAbstractButton* setStop = nullptr;
     QLabel* count = nullptr;
     Outlets outlets(*_window);
-    outlets.connect(table, u"_markerTable"_s);
-    outlets.connect(add, u"_addMarkerButton"_s);
+    outlets.connect(_markerTable, u"_markerTable"_s);
+    outlets.connect(_addMarkerButton, u"_addMarkerButton"_s);
     outlets.connect(remove, u"_deleteMarkerButton"_s);
     outlets.connect(setStart, u"_setStartButton"_s);
     outlets.connect(setStop, u"_setStopButton"_s);
@@ -32,9 +30,11 @@ Result<void> ClipManager::setUpMarkerList() {
     if (Result<void> checked = outlets.check(); !checked) {
         return checked;
     }
-    _markers = std::make_unique<ClipMarkerController>(
-        ClipMarkerOutlets{*table, *add, *remove, *setStart, *setStop, *count, *_moviePreview}, _undoManager);
-    new EmptyHint(*table, u"No markers"_s);
+    _markers =
+        std::make_unique<ClipMarkerController>(ClipMarkerOutlets{*_markerTable, *_addMarkerButton, *remove,
+                                                                 *setStart, *setStop, *count, *_moviePreview},
+                                               _undoManager);
+    new EmptyHint(*_markerTable, u"No markers"_s);
     Notifications& centre = Notifications::centre();
     connect(&centre, &Notifications::newMarkerIssued, this, &ClipManager::newMarkerIssued);
     connect(&centre, &Notifications::clipMarkerSelected, this, &ClipManager::markerSelected);
@@ -57,6 +57,12 @@ void ClipManager::clipIn() {
 void ClipManager::clipOut() {
     if (currentClip()) {
         _markers->clipOut();
+    }
+}
+
+void ClipManager::addMarker() {
+    if (currentClip()) {
+        _markers->addButtonClicked();
     }
 }
 

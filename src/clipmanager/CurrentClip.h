@@ -31,6 +31,8 @@ class CurrentClip : public QObject {
 
     /// The text of `key` as it is being typed.
     void type(const QString& key, const QString& text);
+    /// Whether a text is being typed that is no undo step yet.
+    bool isEditing() const { return !_editedKey.isEmpty(); }
     /// What was typed becomes one undo step, and is written.
     void endEditing();
     /// A value that was chosen: one undo step, written at once.

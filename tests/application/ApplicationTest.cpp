@@ -173,6 +173,21 @@ class ApplicationTest : public QObject {
         QVERIFY(!OfflineRecorder::shared());
     }
 
+    void cancellingTheTrashQuestionLeavesTheProgramAsItIs() {
+        QVERIFY(makeFolders(path(u"Trash"_s)));
+        QVERIFY(writeFile(path(u"Trash/a#01.xml"_s), "x"));
+        _dialogs->answers = {1};
+        QVERIFY(application().shouldTerminate() == Application::TerminateReply::cancel);
+        QCOMPARE(_dialogs->alerts.size(), 1);
+        QCOMPARE(_dialogs->alerts[0].title, u"Delete Clips in the Trash?"_s);
+        QVERIFY(mainWindow().isVisible());
+        QVERIFY(OfflineRecorder::window()->isVisible());
+        QVERIFY(fileExists(path(u"Trash/a#01.xml"_s)));
+        _dialogs->answers = {2};
+        quit();
+        QVERIFY(!fileExists(path(u"Trash/a#01.xml"_s)));
+    }
+
     void choosingQuitInTheMenuQuits() {
         QMenu* menu = mainWindow().menuBar()->actions().first()->menu();
         menu->popup(QPoint());

@@ -90,7 +90,8 @@ class MenuBarTest : public QObject {
         for (const QAction* menu : mainWindow().menuBar()->actions()) {
             titles.append(menu->text().remove(u'&'));
         }
-        QCOMPARE(titles, (QStringList{u"File"_s, u"Edit"_s, u"Clip"_s, u"Record"_s, u"Window"_s, u"Help"_s}));
+        QCOMPARE(titles, (QStringList{u"File"_s, u"Edit"_s, u"View"_s, u"Clip"_s, u"Record"_s, u"Window"_s,
+                                      u"Help"_s}));
     }
 
     void everyCommandStandsInAMenu() {

@@ -1,3 +1,4 @@
+#include "clipmanager/ClipExports.h"
 #include "clipmanager/ClipManagerFixture.h"
 #include "platform/MovieMaker.h"
 #include "platform/UndoManager.h"
@@ -66,6 +67,42 @@ class ClipManagerFilesTest : public QObject {
             _fixture->manager->validateMenuItem(action);
             QVERIFY(action.isEnabled());
         }
+    }
+
+    void exportsAreOfTheShownFolder() {
+        _fixture->writeClip(u"A#01.xml"_s);
+        _fixture->show();
+        _fixture->dialogs.chosen = {_fixture->path(u"list.xml"_s)};
+        _fixture->manager->exports().exportClipListAsXML();
+        QTRY_VERIFY(QFile::exists(_fixture->path(u"list.xml"_s)));
+    }
+
+    // Parts of the window
+
+    void eachPartCanBeGivenTheKeyboard() {
+        _fixture->writeClip(u"A#01.xml"_s);
+        _fixture->show();
+        _fixture->select(u"A#01.xml"_s);
+        ClipManager& manager = *_fixture->manager;
+        const auto focus = [&manager] { return manager.window()->focusWidget()->objectName(); };
+        manager.goToFolders();
+        QCOMPARE(focus(), u"_recordFolderTable"_s);
+        manager.goToClips();
+        QCOMPARE(focus(), u"_clipTable"_s);
+        manager.goToMovie();
+        QCOMPARE(focus(), u"_moviePreview"_s);
+        manager.goToAttributes();
+        QCOMPARE(focus(), u"_clipNameText"_s);
+        manager.goToMarkers();
+        QCOMPARE(focus(), u"_markerTable"_s);
+    }
+
+    void aFoldedWindowIsUnfoldedForThePartThatIsAskedFor() {
+        _fixture->show();
+        _fixture->manager->collapseWindow();
+        QVERIFY(!_fixture->outlet<QWidget>(u"_clipTable"_s).isVisible());
+        _fixture->manager->goToClips();
+        QVERIFY(_fixture->outlet<QWidget>(u"_clipTable"_s).isVisible());
     }
 
     // Quitting

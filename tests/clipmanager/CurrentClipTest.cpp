@@ -201,7 +201,7 @@ class CurrentClipTest : public QObject {
         manager().validateMenuItem(undo);
         QVERIFY(undo.isEnabled());
         QCOMPARE(undo.text(), u"Undo change Clip"_s);
-        manager().undoManager().undo();
+        manager().undo();
         QVERIFY(!manager().currentClip()->clipScene());
     }
 
