@@ -40,6 +40,15 @@ class ClipManagerDestination : public RecordingDestination {
     }
 };
 
+// The window system is told what a window stands above when the window is shown.
+void keepAbove(QWidget& panel, const QWidget& main) {
+    const bool isVisible = panel.isVisible();
+    panel.hide();
+    panel.winId();
+    panel.windowHandle()->setTransientParent(main.windowHandle());
+    panel.setVisible(isVisible);
+}
+
 }  // namespace
 
 Application::Application(int& argc, char** argv, const Options& options)
@@ -135,8 +144,7 @@ void Application::connectPanels() {
     main.winId();
     for (QWidget* panel : panels) {
         if (panel) {
-            panel->winId();
-            panel->windowHandle()->setTransientParent(main.windowHandle());
+            keepAbove(*panel, main);
         }
     }
 }

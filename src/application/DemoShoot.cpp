@@ -142,12 +142,7 @@ void makeMovies(const Places& places) {
 Dictionary clipManagerSettings(const Places& places) {
     return {{u"kRecordFolderArray"_s, Array{FolderRecord::forPath(places.folder).record()}},
             {u"kRecordFolderPath"_s, places.folder},
-            {u"kWindVisible"_s, true},
-            {u"kWindPosX"_s, 16.0},
-            {u"kWindPosY"_s, 40.0},
-            {u"kWindWidth"_s, 820.0},
-            {u"kWindHeight"_s, 690.0},
-            {u"kWindExpanded"_s, true}};
+            {u"kWindVisible"_s, true}};
 }
 
 Dictionary markerSettings() {
@@ -163,8 +158,6 @@ Result<void> writeSettings(const QString& path, const Places& places) {
     UserDefaults settings(path);
     settings.setValue(u"ClipManagerSettings"_s, clipManagerSettings(places));
     settings.setValue(u"kMarkerSets"_s, markerSettings());
-    settings.setValue(u"kMarkerWindowFrame"_s, u"852 40 284 420"_s);
-    settings.setValue(u"kOfflineRecorderWindowFrame"_s, u"852 520 404 210"_s);
     settings.setValue(u"kOfflineRecorder"_s, Dictionary{{u"kOfflineRecorderWindowVisible"_s, true},
                                                         {u"kOfflineRecorderClipName"_s, u"Ferry reverse"_s},
                                                         {u"kOfflineRecorderSceneName"_s, u"14A"_s}});

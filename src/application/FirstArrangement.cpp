@@ -1,6 +1,6 @@
 #include "application/FirstArrangement.h"
 
-#include "platform/Literals.h"
+#include "platform/PropertyList.h"
 #include "platform/UserDefaults.h"
 
 #include <QGuiApplication>
@@ -11,14 +11,24 @@ namespace marquill {
 
 namespace {
 
-constexpr int margin = 24;
+constexpr int margin = 16;
 constexpr int titleBar = 40;  // room for what the desktop draws above a window
-constexpr int mainHeight = 640;
+constexpr QSize mainSize(1280, 860);
 
 bool isFirstStart() {
     const UserDefaults& defaults = UserDefaults::standard();
-    return !defaults.value(u"ClipManagerSettings"_s) && !defaults.value(u"kMarkerWindowFrame"_s) &&
+    const std::optional<Value> saved = defaults.value(u"ClipManagerSettings"_s);
+    const Dictionary settings = saved ? saved->dictionary().value_or(Dictionary()) : Dictionary();
+    return !settings.find(u"kWindPosX"_s) && !defaults.value(u"kMarkerWindowFrame"_s) &&
            !defaults.value(u"kOfflineRecorderWindowFrame"_s);
+}
+
+int widthOfWidest(const std::vector<QWidget*>& panels) {
+    int widest = 0;
+    for (const QWidget* panel : panels) {
+        widest = qMax(widest, panel ? panel->width() : 0);
+    }
+    return widest;
 }
 
 }  // namespace
@@ -28,19 +38,18 @@ void arrangeAtFirstStart(QWidget& main, const std::vector<QWidget*>& panels) {
         return;
     }
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
-    int panelWidth = 0;
-    for (const QWidget* panel : panels) {
-        panelWidth = qMax(panelWidth, panel ? panel->width() : 0);
-    }
-    const int top = screen.y() + titleBar;
-    const int mainWidth = qMin(main.width(), screen.width() - panelWidth - 3 * margin);
-    main.resize(mainWidth, qMin(mainHeight, screen.height() - 2 * titleBar));
-    main.move(screen.x() + margin, top);
-    int panelTop = top;
+    const int panelWidth = widthOfWidest(panels);
+    const QSize room(screen.width() - panelWidth - 3 * margin, screen.height() - titleBar - margin);
+    main.resize(mainSize.boundedTo(room).expandedTo(main.minimumSizeHint()));
+    main.move(screen.x() + margin, screen.y() + titleBar);
+    // On a screen too narrow for both, the panels, which float above, cover the main window's edge.
+    const int left =
+        qMin(main.x() + main.width() + margin, screen.x() + screen.width() - panelWidth - margin);
+    int top = main.y();
     for (QWidget* panel : panels) {
         if (panel) {
-            panel->move(main.x() + main.width() + margin, panelTop);
-            panelTop += panel->height() + titleBar + margin;
+            panel->move(left, top);
+            top += panel->height() + titleBar + margin;
         }
     }
 }

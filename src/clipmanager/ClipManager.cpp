@@ -1,10 +1,9 @@
-// The window: its life, its folders, its settings.
+// The Clip Manager's life, its folders and its settings.
 #include "clipmanager/ClipManager.h"
 
 #include "clipmanager/ClipAttributes.h"
 #include "clipmanager/ClipExports.h"
 #include "clipmanager/ClipManagerSettings.h"
-#include "clipmanager/ClipManagerToolbar.h"
 #include "clipmanager/ClipMedia.h"
 #include "clipmanager/CollapsibleWindow.h"
 #include "clipmanager/CurrentClip.h"
@@ -14,18 +13,14 @@
 #include "connect/MoviePreview.h"
 #include "folders/RecordFolderController.h"
 #include "markers/ClipMarkerController.h"
-#include "platform/ElidingLabel.h"
 #include "platform/EmptyHint.h"
 #include "platform/Files.h"
 #include "platform/Log.h"
 #include "platform/TableView.h"
-#include "platform/WindowDescription.h"
 
 #include <QAction>
-#include <QEvent>
 #include <QMainWindow>
 #include <QProgressBar>
-#include <QSplitter>
 
 namespace marquill {
 
@@ -94,64 +89,9 @@ ClipManager::~ClipManager() {
     }
 }
 
-Result<void> ClipManager::loadWindow() {
-    WindowDescription::registerWidget<TableView>(u"TableView"_s);
-    WindowDescription::registerWidget<ElidingLabel>(u"ElidingLabel"_s);
-    WindowDescription::registerWidget<MoviePreview>(u"MoviePreview"_s);
-    Result<std::unique_ptr<QWidget>> loaded = WindowDescription::load(u"ClipManager"_s);
-    if (!loaded) {
-        return std::unexpected(loaded.error());
-    }
-    if (!qobject_cast<QMainWindow*>(loaded->get())) {
-        return failure(ErrorCode::malformed, u"the window description holds no main window"_s);
-    }
-    _window.reset(qobject_cast<QMainWindow*>(loaded->release()));
-    return connectOutlets();
-}
-
-Result<void> ClipManager::connectOutlets() {
-    Outlets outlets(*_window);
-    outlets.connect(_recordFolderTable, u"_recordFolderTable"_s);
-    outlets.connect(_clipTable, u"_clipTable"_s);
-    outlets.connect(_folderSplitView, u"_folderSplitView"_s);
-    outlets.connect(_clipSplitView, u"_clipSplitView"_s);
-    outlets.connect(_detailSplitView, u"_detailSplitView"_s);
-    outlets.connect(_clipCount, u"_clipCount"_s);
-    outlets.connect(_moviePreview, u"_moviePreview"_s);
-    outlets.connect(_timeCode, u"_timeCode"_s);
-    outlets.connect(_statusLine, u"_statusLine"_s);
-    outlets.connect(_selectedFolderPath, u"_selectedFolderPath"_s);
-    outlets.connect(_progressInd, u"_progressInd"_s);
-    if (Result<void> checked = outlets.check(); !checked) {
-        return checked;
-    }
-    Result<std::unique_ptr<ClipAttributes>> attributes = ClipAttributes::create(*_window);
-    if (!attributes) {
-        return std::unexpected(attributes.error());
-    }
-    _attributes = std::move(*attributes);
-    return setUpMarkerList();
-}
-
 void ClipManager::setUpFolderList() {
     _folderList = std::make_unique<RecordFolderController>(*_recordFolderTable);
     new EmptyHint(*_recordFolderTable, u"Add a folder to record into"_s);
-}
-
-void ClipManager::buildToolbar() {
-    auto* toolbar = new ClipManagerToolbar(
-        {
-            {u"AddFolder"_s, u"Add Folder"_s, u"Add recording folder"_s, [this] { addFolderButton(); }},
-            {u"RemoveFolder"_s, u"Remove Folder"_s, u"Remove recording folder"_s,
-             [this] { removeFolderButton(); }},
-            {u"DeleteClips"_s, u"Delete Clips"_s, u"Delete clips"_s, [this] { deleteClipsButton(); }},
-        },
-        _window.get());
-    _window->addToolBar(toolbar);
-    _removeFolderItem = toolbar->item(u"RemoveFolder"_s);
-    _removeFolderItem->setEnabled(false);
-    _deleteClipButton = toolbar->item(u"DeleteClips"_s);
-    _deleteClipButton->setEnabled(false);
 }
 
 void ClipManager::setUpClipTable() {
@@ -166,34 +106,6 @@ void ClipManager::setUpClipTable() {
             });
     connect(&_reader, &ClipFolderReader::finished, this, &ClipManager::folderRead);
     showReading(false);
-}
-
-void ClipManager::setUpSplitViews() {
-    constexpr int folderListWidth = 200;
-    constexpr int detailHeight = 288;
-    _folderSplitView->setStretchFactor(0, 0);
-    _folderSplitView->setStretchFactor(1, 1);
-    _folderSplitView->setSizes({folderListWidth, _window->width() - folderListWidth});
-    _clipSplitView->setStretchFactor(0, 1);
-    _clipSplitView->setStretchFactor(1, 0);
-    _clipSplitView->setSizes({_window->height() - detailHeight, detailHeight});
-    // The picture first, then the texts.
-    constexpr int previewShare = 4;
-    constexpr int textShare = 3;
-    _detailSplitView->setStretchFactor(0, previewShare);
-    _detailSplitView->setStretchFactor(1, textShare);
-    _detailSplitView->setStretchFactor(2, textShare);
-    _detailSplitView->setSizes(
-        {previewShare * detailHeight, textShare * detailHeight, textShare * detailHeight});
-    connect(_clipSplitView, &QSplitter::splitterMoved, this, &ClipManager::constrainClipSplit);
-}
-
-void ClipManager::constrainClipSplit(int position) {
-    const int height = _clipSplitView->height();
-    const int above = qRound(constrainedSplitPosition(position, height));
-    if (above != position) {
-        _clipSplitView->setSizes({above, height - above - _clipSplitView->handleWidth()});
-    }
 }
 
 void ClipManager::observe() {
@@ -221,25 +133,6 @@ void ClipManager::restore(const Dictionary& settings) {
     _window->installEventFilter(this);
 }
 
-void ClipManager::restoreFrame(const Dictionary& settings) {
-    _collapsible = std::make_unique<CollapsibleWindow>(*_window, *_folderSplitView, *_statusLine,
-                                                       int(ClipManagerWindowState::collapsedHeight));
-    const WindowFrame present = windowFrame(*_window);
-    const WindowFrame frame = ClipManagerSettings::frame(settings, present);
-    if (frame != present) {
-        setWindowFrame(*_window, frame);
-    }
-}
-
-bool ClipManager::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::WindowDeactivate) {
-        _current->write();
-    } else if (event->type() == QEvent::Resize || event->type() == QEvent::Move) {
-        _frameTimer.start();
-    }
-    return QObject::eventFilter(watched, event);
-}
-
 Dictionary ClipManager::settings() const {
     const ClipManagerWindowState state{.frame = windowFrame(*_window),
                                        .visible = _window->isVisible(),
@@ -252,38 +145,6 @@ Dictionary ClipManager::settings() const {
 
 void ClipManager::saveSettings() const {
     ClipManagerSettings::save(settings());
-}
-
-void ClipManager::collapseWindow() {
-    _collapsible->toggle();
-}
-
-void ClipManager::goTo(QWidget& part) {
-    if (!_collapsible->isExpanded()) {
-        _collapsible->toggle();
-    }
-    _window->activateWindow();
-    part.setFocus(Qt::ShortcutFocusReason);
-}
-
-void ClipManager::goToFolders() {
-    goTo(*_recordFolderTable);
-}
-
-void ClipManager::goToClips() {
-    goTo(*_clipTable);
-}
-
-void ClipManager::goToMovie() {
-    goTo(*_moviePreview);
-}
-
-void ClipManager::goToAttributes() {
-    goTo(_attributes->firstField());
-}
-
-void ClipManager::goToMarkers() {
-    goTo(*_markerTable);
 }
 
 const std::optional<QString>& ClipManager::shownFolder() const {

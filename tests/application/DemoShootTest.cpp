@@ -122,7 +122,6 @@ class DemoShootTest : public QObject {
         QCOMPARE(window.string(u"kRecordFolderPath"), _demo->folder);
         QCOMPARE(window.array(u"kRecordFolderArray")->at(0).dictionary()->string(u"folderPath"),
                  _demo->folder);
-        QVERIFY(window.real(u"kWindWidth") > 0);
         QVERIFY(settings.value(u"kMarkerSets"));
     }
 
