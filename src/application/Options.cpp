@@ -38,7 +38,7 @@ OptionsResult parseOptions(int& argc, char** argv) {
     } catch (const CLI::ParseError& error) {
         return {{}, parser.exit(error) == 0 ? 0 : wrongUse};
     }
-    if (const std::optional<int> status = commands.run(argc, argv)) {
+    if (const std::optional<int> status = commands.run(argc, argv, QString::fromStdString(settingsFile))) {
         return {{}, status};
     }
     return {{.settingsFile = QString::fromStdString(settingsFile),

@@ -1,5 +1,9 @@
 #include "commandline/Command.h"
 
+#include "platform/Dialogs.h"
+
+#include <QFileInfo>
+
 #include <cstdio>
 
 namespace marquill {
@@ -19,6 +23,17 @@ void print(const QString& text) {
 
 void complain(const Error& error) {
     printLine(stderr, u"marquill: "_s + error.description());
+}
+
+void complain(const Alert& alert) {
+    printLine(stderr, u"marquill: %1: %2"_s.arg(alert.title, alert.text));
+}
+
+QString pathOfArgument(const std::string& argument) {
+    const QFileInfo file(QString::fromStdString(argument));
+    // What ".." stands for behind a link only the file system knows.
+    const QString path = argument.contains("..") ? file.canonicalFilePath() : QString();
+    return path.isEmpty() ? file.absoluteFilePath() : path;
 }
 
 }  // namespace marquill

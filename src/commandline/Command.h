@@ -5,11 +5,15 @@
 
 #include <QString>
 
+#include <string>
+
 namespace CLI {
 class App;
 }
 
 namespace marquill {
+
+struct Alert;
 
 /// How a command ended, as the process tells it; wrong use (2) is found before a command runs.
 enum class ExitStatus : int { done = 0, failed = 1 };
@@ -33,5 +37,11 @@ void print(const QString& text);
 
 /// Prints "marquill: PATH: what and what to do" on standard error.
 void complain(const Error& error);
+
+/// Prints "marquill: TITLE: text" on standard error: what the windows show as this alert, in the same words.
+void complain(const Alert& alert);
+
+/// The full path of a file or folder that was given on the command line: records hold no others.
+QString pathOfArgument(const std::string& argument);
 
 }  // namespace marquill

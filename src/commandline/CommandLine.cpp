@@ -1,9 +1,16 @@
 #include "commandline/CommandLine.h"
 
+#include "commandline/ConnectCommand.h"
+#include "commandline/DisconnectCommand.h"
+#include "commandline/ExportCommand.h"
+#include "commandline/ImportCommand.h"
 #include "commandline/ListCommand.h"
 #include "commandline/ProbeCommand.h"
+#include "commandline/RecordCommand.h"
+#include "commandline/SetCommand.h"
 #include "commandline/ShowCommand.h"
 #include "platform/Literals.h"
+#include "platform/UserDefaults.h"
 
 #include <QCoreApplication>
 
@@ -34,16 +41,24 @@ CommandLine::CommandLine(CLI::App& parser) {
     add(parser, std::make_unique<ProbeCommand>());
     add(parser, std::make_unique<ListCommand>());
     add(parser, std::make_unique<ShowCommand>());
+    add(parser, std::make_unique<SetCommand>());
+    add(parser, std::make_unique<RecordCommand>());
+    add(parser, std::make_unique<ConnectCommand>());
+    add(parser, std::make_unique<DisconnectCommand>());
+    add(parser, std::make_unique<ImportCommand>());
+    add(parser, std::make_unique<ExportCommand>());
 }
 
 CommandLine::~CommandLine() = default;
 
 void CommandLine::add(CLI::App& parser, std::unique_ptr<Command> command) {
     CLI::App* subcommand = command->addTo(parser);
+    // The options of the whole program may stand behind the command too.
+    subcommand->fallthrough();
     _entries.push_back({subcommand, std::move(command)});
 }
 
-std::optional<int> CommandLine::run(int& argc, char** argv) {
+std::optional<int> CommandLine::run(int& argc, char** argv, const QString& settingsFile) {
     for (const Entry& entry : _entries) {
         if (!entry.parser->parsed()) {
             continue;
@@ -51,6 +66,9 @@ std::optional<int> CommandLine::run(int& argc, char** argv) {
         const QCoreApplication application(argc, argv);
         QCoreApplication::setApplicationName(u"marquill"_s);
         qInstallMessageHandler(tellLog);
+        if (!settingsFile.isEmpty()) {
+            UserDefaults::useFile(settingsFile);
+        }
         const ExitStatus status = entry.command->run();
         return static_cast<int>(somethingFailed ? ExitStatus::failed : status);
     }

@@ -1,6 +1,8 @@
 // The subcommands of `marquill`: the program's work without a window. Main thread.
 #pragma once
 
+#include <QString>
+
 #include <memory>
 #include <optional>
 #include <vector>
@@ -20,8 +22,9 @@ class CommandLine {
     ~CommandLine();
 
     /// Runs the subcommand that was given, once `parser` has read the command line, and returns the exit
-    /// status of the process; nothing when none was given.
-    std::optional<int> run(int& argc, char** argv);
+    /// status of the process; nothing when none was given. `settingsFile` holds the settings that it takes
+    /// values from; empty: the user's own.
+    std::optional<int> run(int& argc, char** argv, const QString& settingsFile);
 
   private:
     struct Entry {

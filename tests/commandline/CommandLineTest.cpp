@@ -1,38 +1,15 @@
 // The subcommands as a shell sees them: the program itself is run, without a display.
+#include "commandline/CommandRun.h"
 #include "movie/MovieBuilder.h"
 #include "movie/MovieTools.h"
 #include "platform/Files.h"
-#include "platform/Literals.h"
 
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
 using namespace marquill;
 
 namespace {
-
-struct Outcome {
-    int status = -1;
-    QByteArray output;
-    QByteArray errors;
-
-    QJsonDocument json() const { return QJsonDocument::fromJson(output); }
-};
-
-Outcome run(const QStringList& arguments) {
-    QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.remove(u"DISPLAY"_s);
-    environment.remove(u"QT_QPA_PLATFORM"_s);
-    process.setProcessEnvironment(environment);
-    process.start(QStringLiteral(MARQUILL_PROGRAM), arguments);
-    process.waitForFinished();
-    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
-}
 
 constexpr auto placeholder = R"(<?xml version="1.0" encoding="UTF-8"?>
 <plist version="1.0"><dict>
@@ -179,10 +156,25 @@ class CommandLineTest : public QObject {
         QCOMPARE(run({u"no-such-command"_s}).status, 2);
     }
 
+    void aFolderMayBeNamedAsACommandIs() {
+        QVERIFY(QDir(_folder.path()).mkdir(u"list"_s));
+        const Outcome list = run({u"list"_s, u"list"_s}, {}, _folder.path());
+        QCOMPARE(list.errors, QByteArray());
+        QCOMPARE(list.status, 0);
+    }
+
+    void optionsOfTheProgramMayStandBehindTheCommand() {
+        const QTemporaryDir empty;
+        const Outcome list = run({u"list"_s, empty.path(), u"--settings"_s, path(u"none.plist"_s)});
+        QCOMPARE(list.errors, QByteArray());
+        QCOMPARE(list.status, 0);
+    }
+
     void helpAndVersionEndWithZero() {
         const Outcome help = run({u"--help"_s});
         QCOMPARE(help.status, 0);
-        for (const char* command : {"probe", "list", "show"}) {
+        for (const char* command :
+             {"probe", "list", "show", "set", "record", "connect", "disconnect", "import", "export"}) {
             QVERIFY2(help.output.contains(command), help.output);
         }
         QVERIFY(run({u"--version"_s}).output.startsWith("marquill "));

@@ -1,0 +1,21 @@
+// marquill disconnect FOLDER: parts placeholders from their media. Main thread.
+#pragma once
+
+#include "commandline/Command.h"
+
+#include <string>
+#include <vector>
+
+namespace marquill {
+
+class DisconnectCommand : public Command {
+  public:
+    CLI::App* addTo(CLI::App& parser) override;
+    ExitStatus run() override;
+
+  private:
+    std::string _folder;
+    std::vector<std::string> _clips;
+};
+
+}  // namespace marquill

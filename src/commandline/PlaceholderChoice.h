@@ -1,0 +1,30 @@
+// Which placeholders of a record folder a command works on. No state; reads the files; main thread.
+#pragma once
+
+#include "clipstore/ClipInfo.h"
+
+#include <QStringList>
+
+#include <string>
+#include <vector>
+
+namespace marquill {
+
+struct PlaceholderChoice {
+    std::vector<ClipInfo> clips;  ///< the placeholders, in order
+    bool isComplete = true;       ///< otherwise what is wrong has been told on standard error
+};
+
+/// The placeholders of `folder` in the order of its listing or, where `names` are given, these in their
+/// order. A name is that of the clip's file, with or without its extension. One whose record belongs to
+/// another file is left out: the change would be written to that one.
+PlaceholderChoice choosePlaceholders(const QString& folder, const std::vector<std::string>& names);
+
+/// Writes a clip that was changed back into `folder`; false, and told, when that fails.
+bool writeChange(const ClipInfo& clip, const QString& folder);
+
+/// Whether the record read from the file `name` in `folder` is that file's own; what is wrong has been told
+/// otherwise.
+bool isOwnRecord(const ClipInfo& clip, const QString& folder, const QString& name);
+
+}  // namespace marquill
