@@ -54,6 +54,9 @@ class Application : public QApplication {
     void showHideMarkerWindow();
     void showHideClipManagerWindow();
     void showKeyboardShortCuts();
+    // Each gives the keyboard to a panel, from whose first control on Tab goes.
+    void goToRecorder();
+    void goToMarkerButtons();
     void orderFrontStandardAboutPanel();
     void sendSupportEmail();
     void visitWebsite();

@@ -76,6 +76,13 @@ bool validateEditCommand(QAction& action) {
     return true;
 }
 
+void giveKeyboard(FloatingPanel* panel) {
+    if (panel) {
+        panel->makeKeyAndOrderFront();
+        panel->setFocus(Qt::ShortcutFocusReason);
+    }
+}
+
 void openAddress(const QUrl& address, const char* invalidText) {
     if (!address.isValid() || !QDesktopServices::openUrl(address)) {
         qCWarning(logApplication) << invalidText;
@@ -104,6 +111,14 @@ void Application::showHideMarkerWindow() {
 
 void Application::showKeyboardShortCuts() {
     showHide(_keyboardShortcuts.get());
+}
+
+void Application::goToRecorder() {
+    giveKeyboard(OfflineRecorder::window());
+}
+
+void Application::goToMarkerButtons() {
+    giveKeyboard(MarkerSets::window());
 }
 
 void Application::showHideOfflineRecorderWindow() {

@@ -85,7 +85,7 @@ std::vector<ActionDescription> editCommands() {
     };
 }
 
-std::vector<ActionDescription> viewCommands() {
+std::vector<ActionDescription> viewCommands(Application& app) {
     const QString menu = u"&View"_s;
     const auto part = [&menu](const QString& id, const QString& text, Qt::Key key,
                               void (ClipManager::*command)()) {
@@ -93,11 +93,15 @@ std::vector<ActionDescription> viewCommands() {
                                  [command] { withClipManager(command); }};
     };
     return {
+        {u"goToRecorder"_s, menu, u"Go to Recorder"_s, QKeySequence(Qt::CTRL | Qt::Key_4),
+         [&app] { app.goToRecorder(); }},
         part(u"goToFolders"_s, u"Go to Folders"_s, Qt::Key_5, &ClipManager::goToFolders),
         part(u"goToClips"_s, u"Go to Clips"_s, Qt::Key_6, &ClipManager::goToClips),
         part(u"goToMovie"_s, u"Go to Movie"_s, Qt::Key_7, &ClipManager::goToMovie),
         part(u"goToAttributes"_s, u"Go to Clip Attributes"_s, Qt::Key_8, &ClipManager::goToAttributes),
         part(u"goToMarkers"_s, u"Go to Markers"_s, Qt::Key_9, &ClipManager::goToMarkers),
+        {u"goToMarkerButtons"_s, menu, u"Go to Marker Buttons"_s, QKeySequence(Qt::CTRL | Qt::Key_0),
+         [&app] { app.goToMarkerButtons(); }},
         {u"collapseWindow"_s, menu, u"Collapse Window"_s, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_W),
          [] { withClipManager(&ClipManager::collapseWindow); }, true},
     };
@@ -219,8 +223,9 @@ std::vector<ActionDescription> helpCommands(Application& app) {
 std::vector<ActionDescription> actionDescriptions(Application& application) {
     std::vector<ActionDescription> all;
     for (std::vector<ActionDescription> menu :
-         {fileCommands(application), editCommands(), viewCommands(), clipCommands(), connectCommands(),
-          recordCommands(application), windowCommands(application), helpCommands(application)}) {
+         {fileCommands(application), editCommands(), viewCommands(application), clipCommands(),
+          connectCommands(), recordCommands(application), windowCommands(application),
+          helpCommands(application)}) {
         std::ranges::move(menu, std::back_inserter(all));
     }
     return all;

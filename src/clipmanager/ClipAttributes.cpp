@@ -169,6 +169,7 @@ void ClipAttributes::setEnabled(bool enabled) {
         field->setEnabled(enabled);
     }
     _commentView->setReadOnly(!enabled);
+    _commentView->update();  // its frame has the colour of its state too
 }
 
 void ClipAttributes::fillComment(const QString& text) {

@@ -75,7 +75,7 @@ void ClipManager::buildToolbar() {
 }
 
 void ClipManager::setUpSplitViews() {
-    constexpr int folderListWidth = 200;
+    constexpr int folderListWidth = 168;
     constexpr int detailHeight = 288;
     _folderSplitView->setStretchFactor(0, 0);
     _folderSplitView->setStretchFactor(1, 1);

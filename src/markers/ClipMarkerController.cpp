@@ -45,9 +45,9 @@ std::vector<TableColumn> tableColumns() {
     const auto column = [](int index, const QString& sample) {
         return TableColumn{index, ClipMarkerModel::identifier(index), sample};
     };
-    return {column(ClipMarkerModel::markerIndex, u"8888"_s),
-            column(ClipMarkerModel::markerName, u"Interview begins"_s),
-            column(ClipMarkerModel::markerStart, u"88:88:888"_s),
+    return {column(ClipMarkerModel::markerIndex, u"888"_s),
+            column(ClipMarkerModel::markerName, u"Boom in shot"_s),
+            column(ClipMarkerModel::markerStart, u"88:88:88"_s),
             column(ClipMarkerModel::markerDuration, u"88:88:888"_s),
             column(ClipMarkerModel::markerComment, u"The boat enters from the left"_s)};
 }

@@ -346,6 +346,20 @@ class ApplicationTest : public QObject {
         QVERIFY(application().keyDown(tab));
     }
 
+    void thePanelsCanBeGivenTheKeyboardByKeys() {
+        FloatingPanel& recorder = *OfflineRecorder::window();
+        application().goToRecorder();
+        QVERIFY(QTest::qWaitForWindowActive(&recorder));
+        press(recorder, Qt::Key_Tab);
+        QVERIFY(recorder.findChild<QLineEdit*>(u"_defaultClipName"_s)->hasFocus());
+        MarkerSets::window()->hide();
+        application().goToMarkerButtons();
+        QVERIFY(QTest::qWaitForWindowActive(MarkerSets::window()));
+        press(*MarkerSets::window(), Qt::Key_Tab);
+        QVERIFY(QApplication::focusWidget());
+        QCOMPARE(QApplication::focusWidget()->window(), MarkerSets::window());
+    }
+
     void whatIsNoKeyPressCountsAsHandled() {
         QKeyEvent release(QEvent::KeyRelease, Qt::Key_A, Qt::NoModifier);
         QVERIFY(application().keyDown(release));

@@ -70,10 +70,13 @@ class Desktop:
     def write_settings(self, settings):
         self.settings.write_bytes(plistlib.dumps(settings))
 
-    def quit(self):
-        """Quits as the user does, and waits for the end."""
+    def quit(self, trash_answer=()):
+        """Quits as the user does, pressing the keys of `trash_answer` at the question that follows, and waits."""
         self.focus("Clip Manager")
         self.key("ctrl+q")
+        for key in trash_answer:
+            time.sleep(0.5)
+            self.key(key)
         marquill, self.marquill = self.marquill, None
         if marquill.wait(20) != 0:
             raise AssertionError(f"Marquill ended with {marquill.returncode}")
@@ -132,7 +135,9 @@ class Desktop:
     def click(self, name, across, down, count=1):
         """Clicks in a window at a share of its width and height; returns the times before and after."""
         x, y, width, height = self.place(name)
-        self.xdotool("mousemove", "--sync", x + int(width * across), y + int(height * down))
+        x, y = x + int(width * across), y + int(height * down)
+        self.xdotool("mousemove", x + 3, y + 3)  # waiting for the mouse to move where it is would last
+        self.xdotool("mousemove", "--sync", x, y)
         before = time.time()
         self.xdotool("click", "--repeat", count, "--delay", 60, 1)
         return before, time.time()
