@@ -7,6 +7,7 @@
 #include "platform/DelayedCalls.h"
 #include "platform/FloatingPanel.h"
 #include "platform/Log.h"
+#include "platform/RestingWindow.h"
 #include "platform/Theme.h"
 #include "platform/UserDefaults.h"
 #include "platform/WindowDescription.h"
@@ -29,9 +30,6 @@ constexpr QSize smallestWindow(160, 200);
 constexpr QSize largestWindow(284, 340);
 
 constexpr double highlightSeconds = 5.0;
-
-// How long the window must have stood still before its place is saved.
-constexpr std::chrono::seconds saveInterval(1);
 
 struct Program {
     std::optional<Dictionary> settings;  // from init() on; unknown entries are written back
@@ -185,9 +183,6 @@ Result<void> MarkerSets::awakeFromNib() {
     // Activated is the user's choice; what the program selects takes its own way.
     connect(_setPopup, &QComboBox::activated, this, &MarkerSets::setPopup);
     connect(_editSetButton, &QPushButton::clicked, this, &MarkerSets::editSet);
-    _saveTimer.setSingleShot(true);
-    _saveTimer.setInterval(saveInterval);
-    connect(&_saveTimer, &QTimer::timeout, this, &MarkerSets::save);
     return {};
 }
 
@@ -212,15 +207,8 @@ void MarkerSets::restoreWindow(const Dictionary& settings) {
         _markerPanel->raise();
     }
     // From here on a crash loses no place. Not before, or it would be saved half restored.
-    _markerPanel->installEventFilter(this);
-}
-
-bool MarkerSets::eventFilter(QObject* watched, QEvent* event) {
-    const QEvent::Type type = event->type();
-    if (type == QEvent::Move || type == QEvent::Resize || type == QEvent::Show || type == QEvent::Hide) {
-        _saveTimer.start();
-    }
-    return QObject::eventFilter(watched, event);
+    _resting = std::make_unique<RestingWindow>(*_markerPanel);
+    connect(_resting.get(), &RestingWindow::cameToRest, this, &MarkerSets::save);
 }
 
 void MarkerSets::saveInto(Dictionary& settings) const {
@@ -235,7 +223,6 @@ void MarkerSets::saveInto(Dictionary& settings) const {
 
 // At every change: sets are a production's work, and a crash must not cost them.
 void MarkerSets::save() {
-    _saveTimer.stop();
     saveInto(*program().settings);
     UserDefaults::standard().setValue(kMarkerSets, *program().settings);
     if (const Result<void> saved = UserDefaults::standard().save(); !saved) {

@@ -7,7 +7,6 @@
 #include "markers/MarkerSetStore.h"
 
 #include <QObject>
-#include <QTimer>
 
 #include <array>
 #include <memory>
@@ -18,6 +17,7 @@ class QPushButton;
 namespace marquill {
 
 class FloatingPanel;
+class RestingWindow;
 class MarkerSetSheet;
 
 class MarkerSets : public QObject, public MarkerSetStore, private MarkerButton::Delegate {
@@ -72,9 +72,6 @@ class MarkerSets : public QObject, public MarkerSetStore, private MarkerButton::
     /// The buttons by index.
     const std::array<MarkerButton*, buttonCount>& buttons() const { return _buttonArray; }
 
-  protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
   private:
     MarkerSets();
 
@@ -94,7 +91,7 @@ class MarkerSets : public QObject, public MarkerSetStore, private MarkerButton::
     void markerButtonPressed(MarkerButton& button) override;
     void markerButtonEdited(MarkerButton& button) override;
 
-    QTimer _saveTimer;
+    std::unique_ptr<RestingWindow> _resting;
     std::unique_ptr<QWidget> _window;
     std::unique_ptr<MarkerSetSheet> _sheet;  ///< gone before its window
     FloatingPanel* _markerPanel = nullptr;

@@ -8,6 +8,7 @@
 #include "platform/Files.h"
 #include "platform/FloatingPanel.h"
 #include "platform/Log.h"
+#include "platform/RestingWindow.h"
 #include "recording/RecordingDestination.h"
 #include "recording/TakeJournal.h"
 #include "recording/TakeWriter.h"

@@ -27,6 +27,7 @@ namespace marquill {
 class ClipInfo;
 class FloatingPanel;
 class RecordingDestination;
+class RestingWindow;
 class TakeJournal;
 
 class OfflineRecorder : public QObject {
@@ -77,6 +78,7 @@ class OfflineRecorder : public QObject {
     void wirePanel();
     void restore();
     void save() const;
+    void saveNow() const;
     void showRecordingState(bool recording);
     void showElapsed(double seconds);
     void showWarnings();
@@ -109,6 +111,7 @@ class OfflineRecorder : public QObject {
     QString _journalProblem;
     QTimer _heartbeat;  // runs during a take
     VolumeWatch _volumeWatch;
+    std::unique_ptr<RestingWindow> _resting;
 };
 
 }  // namespace marquill

@@ -10,6 +10,7 @@
 #include "platform/Images.h"
 #include "platform/Log.h"
 #include "platform/RecordTextValidator.h"
+#include "platform/RestingWindow.h"
 #include "platform/Theme.h"
 #include "platform/UserDefaults.h"
 #include "platform/WindowDescription.h"
@@ -92,6 +93,8 @@ void OfflineRecorder::wirePanel() {
     connect(_recordButton, &QToolButton::clicked, this, &OfflineRecorder::startStopButtonPressed);
     connect(_defaultClipName, &QLineEdit::returnPressed, this, &OfflineRecorder::clipNameEntered);
     connect(_defaultClipName, &QLineEdit::editingFinished, this, &OfflineRecorder::updateTakeNoUI);
+    connect(_defaultClipName, &QLineEdit::editingFinished, this, &OfflineRecorder::saveNow);
+    connect(_defaultSceneName, &QLineEdit::editingFinished, this, &OfflineRecorder::saveNow);
     connect(_defaultSceneName, &QLineEdit::returnPressed, this, &OfflineRecorder::sceneNameEntered);
     connect(&Notifications::centre(), &Notifications::recordingFolderChanged, this,
             &OfflineRecorder::updateTakeNoUI);
@@ -113,6 +116,9 @@ void OfflineRecorder::restore() {
     restoreWindowFrame(*_panel, frameName);
     _panel->setVisible(settings.boolean(visibleKey).value_or(true));
     updateTakeNoUI();
+    // From here on a crash loses no place. Not before, or it would be saved half restored.
+    _resting = std::make_unique<RestingWindow>(*_panel);
+    connect(_resting.get(), &RestingWindow::cameToRest, this, &OfflineRecorder::saveNow);
 }
 
 void OfflineRecorder::save() const {
@@ -120,6 +126,14 @@ void OfflineRecorder::save() const {
     UserDefaults::standard().setValue(settingsKey, Dictionary{{visibleKey, _panel->isOpen()},
                                                               {clipNameKey, _defaultClipName->text()},
                                                               {sceneNameKey, _defaultSceneName->text()}});
+}
+
+void OfflineRecorder::saveNow() const {
+    save();
+    if (const Result<void> saved = UserDefaults::standard().save(); !saved) {
+        qCWarning(logRecording).noquote()
+            << "cannot save the recorder's state:" << saved.error().description();
+    }
 }
 
 // The path of the folder that the next take goes to; "" without one.

@@ -424,6 +424,18 @@ class OfflineRecorderTest : public QObject {
         QCOMPARE(written(u"Clip#03.xml"_s).string(u"clipName"), u"Clip#03.xml"_s);
     }
 
+    void aCrashCostsNoNameAndNoPlace() {
+        const auto saved = [](const QString& key) {
+            return UserDefaults(UserDefaults::standard().path()).value(key);
+        };
+        auto* scene = field<QLineEdit>(u"_defaultSceneName"_s);
+        scene->setText(u"12A"_s);
+        Q_EMIT scene->editingFinished();
+        QCOMPARE(saved(u"kOfflineRecorder"_s)->dictionary()->string(u"kOfflineRecorderSceneName"), u"12A"_s);
+        OfflineRecorder::window()->resize(480, 240);
+        QTRY_VERIFY(saved(u"kOfflineRecorderWindowFrame"_s)->string()->contains(u" 480 240"_s));
+    }
+
     void withoutAPanelDescriptionThereIsNoRecorder() {
         OfflineRecorder::finish();
         WindowDescription::useFolder(path(u"no windows"_s));
