@@ -236,7 +236,8 @@ Result<QByteArray> encodeClip(const ClipInfo& clip, const QString& folder, const
     if (!movie) {
         return std::unexpected(movie.error());
     }
-    const Track* const track = movie->visualTrack();
+    // Editing programs count the frames of that one, also where another is shown.
+    const Track* const track = movie->firstVisualTrack();
     if (!track) {
         return failure(ErrorCode::unsupported, u"The movie has no pictures."_s, *path);
     }

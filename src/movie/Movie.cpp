@@ -45,6 +45,12 @@ const Track* Movie::visualTrack() const {
     return visual.empty() ? nullptr : visual.front();
 }
 
+const Track* Movie::firstVisualTrack() const {
+    const auto found =
+        std::ranges::find_if(tracks(), [](const Track& track) { return isVideo(track) || draws(track); });
+    return found == tracks().end() ? nullptr : &*found;
+}
+
 std::vector<const Track*> Movie::visualTracks() const {
     for (const auto& shows : {isVideo, draws}) {
         for (const bool mustBeEnabled : {true, false}) {

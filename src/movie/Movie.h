@@ -99,6 +99,9 @@ class Movie {
     /// The first track that shows pictures, or null: a video track, an enabled one before a disabled one;
     /// only in a movie without video another one that draws.
     const Track* visualTrack() const;
+    /// The first track in the header's order that shows pictures, whatever its kind and be it disabled, or
+    /// null.
+    const Track* firstVisualTrack() const;
     /// All tracks that are shown together with visualTrack().
     std::vector<const Track*> visualTracks() const;
     /// The movie's list of user data; none when it has no such list.

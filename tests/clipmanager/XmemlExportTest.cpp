@@ -267,6 +267,20 @@ class XmemlExportTest : public QObject {
         QCOMPARE(QByteArray(document.child("clip").child("rate").child_value("timebase")), QByteArray("24"));
     }
 
+    void theFirstTrackWithPicturesCountsAlsoDisabledOrOfTexts() {
+        const TrackPlan subtitles{.id = 1, .handler = "sbtl", .codec = "tx3g", .times = {{.count = 3}}};
+        const TrackPlan off{.id = 2, .codec = "avc1", .times = {{.count = 5}}, .flags = 0};
+        const TrackPlan on{.id = 3, .codec = "dvcp", .times = {{.count = 9}}};
+        const auto framesOf = [this](const std::vector<TrackPlan>& tracks) {
+            const ClipInfo clip = clipWith({});
+            writeBytes(path(u"a#02.mov"_s), MovieBuilder{.tracks = tracks}.headerFirst());
+            return QByteArray(element(clip).child("clip").child_value("duration"));
+        };
+        QCOMPARE(framesOf({off, on}), QByteArray("5"));
+        QCOMPARE(framesOf({subtitles, on}), QByteArray("3"));
+        QCOMPARE(framesOf({on, off, subtitles}), QByteArray("9"));
+    }
+
     void clipsWithoutMediaAreLeftOut_data() {
         QTest::addColumn<ClipInfo>("clip");
         const auto row = [](const char* name, const Dictionary& record) {
