@@ -107,8 +107,10 @@ std::optional<QString> ClipExports::chooseFile(const QString& suffix) {
 
 void ClipExports::exportClipsAsXMLPanelDidEnd(const QString& chosen) {
     const QString path = withSuffix(chosen, u"xml"_s);
-    const auto write = [path, folder = _folder, labels = Preferences::labels()](const auto& clips,
-                                                                                const auto& progress) {
+    // Of the folder that the clips are of: while the panel was open, another may have been shown.
+    const QString folder = _source.clipFolder().value_or(QString());
+    const auto write = [path, folder, labels = Preferences::labels()](const auto& clips,
+                                                                      const auto& progress) {
         return XmemlExport::doExportAsXMLAtPath(path, clips, folder, labels, progress);
     };
     doExport(write, [this](const Error&) { alert(u"Export failed"_s, u"Couldn't write xml file."_s); });

@@ -18,6 +18,21 @@
 using namespace marquill;
 using Option = ClipExports::TextExportOption;
 
+namespace {
+
+// Something happens while the panel is open.
+class SlowPanel final : public FakeDialogs {
+  public:
+    std::function<void()> meanwhile;
+
+    std::optional<QString> chooseFileToSave(QWidget* window, const FileChoice& choice) override {
+        meanwhile();
+        return FakeDialogs::chooseFileToSave(window, choice);
+    }
+};
+
+}  // namespace
+
 class ClipExportsTest : public QObject {
     Q_OBJECT
 
@@ -151,6 +166,19 @@ class ClipExportsTest : public QObject {
         _exports->exportClipListAsXML();
         wait();
         QVERIFY(readBytes(path(u"export.xml"_s)).contains("<label2>Audio</label2>"));
+    }
+
+    void clipsShownWhileThePanelIsOpenAreExportedFromTheirFolder() {
+        QVERIFY(writeBytes(path(u"a.mov"_s), MovieBuilder{}.headerLast()));
+        SlowPanel panel;
+        panel.chosen = QStringList{path(u"export.xml"_s)};
+        panel.meanwhile = [this] {
+            _folder = _place->path();
+            _clips = {ClipInfo({{ClipKey::clipName, u"a.mov"_s}})};
+        };
+        _exports->exportClipListAsXML();
+        wait();
+        QVERIFY(readBytes(path(u"export.xml"_s)).contains("<name>a</name>"));
     }
 
     void anXmlFileThatCannotBeWrittenIsTold() {
