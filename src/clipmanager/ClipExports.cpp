@@ -3,6 +3,7 @@
 #include "clipmanager/TableExport.h"
 #include "clipmanager/TextExport.h"
 #include "clipmanager/XmemlExport.h"
+#include "connect/ClipFileFacts.h"
 #include "folders/Preferences.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
@@ -11,6 +12,8 @@
 
 #include <QPushButton>
 #include <QRadioButton>
+
+#include <algorithm>
 
 namespace marquill {
 
@@ -119,7 +122,16 @@ void ClipExports::exportClipsAsXMLPanelDidEnd(const QString& chosen) {
 void ClipExports::exportClipsAsTextPanelDidEnd(const QString& chosen) {
     const TextExportOption option = rememberedOption();
     const QString path = withSuffix(chosen, suffixOf(option));
-    const auto write = [path, option](const auto& clips, const auto& progress) {
+    const QString folder = _source.clipFolder().value_or(QString());
+    const auto write = [path, option, folder](std::vector<ClipInfo> clips,
+                                              const ExportProgress& progress) -> Result<void> {
+        // Sizes are those of the media now, also of clips that were never scrolled to.
+        const auto asking = [&progress](qsizetype done, qsizetype total) {
+            return progress(std::min(done, total - 1), total);
+        };
+        if (!completeRecords(clips, folder, asking)) {
+            return failure(ErrorCode::interrupted, u"The export was cancelled."_s, path);
+        }
         return exportAsText(option, path, clips, progress);
     };
     doExport(write, [this](const Error&) {

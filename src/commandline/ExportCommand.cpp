@@ -5,6 +5,7 @@
 #include "clipmanager/XmemlExport.h"
 #include "clipstore/ClipStore.h"
 #include "commandline/SavedSettings.h"
+#include "connect/ClipFileFacts.h"
 #include "platform/Dialogs.h"
 #include "platform/FileSystem.h"
 
@@ -35,7 +36,8 @@ ExitStatus ExportCommand::run() {
         complain(listed.error());
         return ExitStatus::failed;
     }
-    const std::vector<ClipInfo> clips = ClipStore::readClipInfoForFolder(folder);
+    std::vector<ClipInfo> clips = ClipStore::readClipInfoForFolder(folder);
+    completeRecords(clips, folder);
     if (clips.empty()) {
         complain(Alert{.title = u"No Clips to export"_s,
                        .text = u"There are no clips to export in the selected folder."_s});

@@ -2,6 +2,7 @@
 
 #include "clipstore/ClipStore.h"
 #include "commandline/Command.h"
+#include "connect/ClipFileFacts.h"
 #include "platform/Files.h"
 
 namespace marquill {
@@ -64,6 +65,8 @@ PlaceholderChoice choosePlaceholders(const QString& folder, const std::vector<st
             choice.isComplete = false;
         }
     }
+    // The window's records are completed by being shown; what is written must not tell where it was changed.
+    completeRecords(choice.clips, folder);
     return choice;
 }
 

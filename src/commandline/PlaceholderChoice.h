@@ -11,7 +11,7 @@
 namespace marquill {
 
 struct PlaceholderChoice {
-    std::vector<ClipInfo> clips;  ///< the placeholders, in order
+    std::vector<ClipInfo> clips;  ///< the placeholders, in order; completed (completeRecords)
     bool isComplete = true;       ///< otherwise what is wrong has been told on standard error
 };
 

@@ -2,6 +2,7 @@
 
 #include "clipstore/ClipStore.h"
 #include "platform/FileSystem.h"
+#include "platform/ParallelWork.h"
 
 namespace marquill {
 
@@ -37,6 +38,26 @@ ClipFileFacts askFiles(const ClipFiles& files) {
         facts.creationDate = clip->creationDate();
     }
     return facts;
+}
+
+void completeRecord(ClipInfo& clip, const ClipFileFacts& facts) {
+    if (!clip.clipCreationDate() && facts.creationDate) {
+        clip.setClipCreationDate(facts.creationDate);
+    }
+    if (facts.mediaSize && clip.clipFileSize() != facts.mediaSize) {
+        clip.setClipFileSize(facts.mediaSize);
+    }
+    if (const QString take = ClipStore::takeFromClip(clip); clip.clipTake() != take) {
+        clip.setClipTake(take);
+    }
+}
+
+bool completeRecords(std::span<ClipInfo> clips, const QString& folder, const Progress& progress) {
+    const auto complete = [&](qsizetype index) {
+        ClipInfo& clip = clips[static_cast<std::size_t>(index)];
+        completeRecord(clip, askFiles(filesOfClip(clip, folder)));
+    };
+    return forEachInParallel(static_cast<qsizetype>(clips.size()), complete, progress);
 }
 
 QString mediaPathOfClip(const ClipInfo& clip, const QString& folder) {

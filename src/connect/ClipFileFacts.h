@@ -4,8 +4,10 @@
 #pragma once
 
 #include "clipstore/ClipInfo.h"
+#include "platform/Progress.h"
 
 #include <optional>
+#include <span>
 
 namespace marquill {
 
@@ -27,6 +29,14 @@ ClipFiles filesOfClip(const ClipInfo& clip, const QString& folder);
 
 /// Asks the file system; on a slow volume that takes long.
 ClipFileFacts askFiles(const ClipFiles& files);
+
+/// Stores into the record what the clip table's columns show of the clip: where it knows no creation date,
+/// that of its file; the size of its media, where they stand; its take.
+void completeRecord(ClipInfo& clip, const ClipFileFacts& facts);
+
+/// The same for clips of `folder` and what the file system says of them now; on a slow volume that takes
+/// long. False when `progress` ended it.
+bool completeRecords(std::span<ClipInfo> clips, const QString& folder, const Progress& progress = {});
 
 /// The path of the movie, or the `clipPath` of a placeholder; "" when it is not connected.
 QString mediaPathOfClip(const ClipInfo& clip, const QString& folder);

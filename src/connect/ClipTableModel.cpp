@@ -121,6 +121,11 @@ void ClipTableModel::append(const std::vector<ClipInfo>& clips, const std::vecto
         return;
     }
     const bool isKnown = facts.size() == clips.size();
+    // Now, and not when a row is painted: what is written of a clip must not depend on how far was scrolled.
+    for (std::size_t i = 0; isKnown && i < clips.size(); ++i) {
+        ClipInfo clip = clips[i];
+        completeRecord(clip, facts[i]);
+    }
     const int first = rowCount();
     beginInsertRows({}, first, first + static_cast<int>(clips.size()) - 1);
     _clips.insert(_clips.end(), clips.begin(), clips.end());

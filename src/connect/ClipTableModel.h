@@ -1,5 +1,5 @@
 // The rows and texts of the clip table. It asks no user and changes no file: edits are passed on as a signal.
-// Showing a clip completes its record as the table's columns say: creation date, file size and take. Owned by
+// Showing a clip completes its record as the table's columns say, see completeRecord. Owned by
 // ClipTableController. Main thread.
 #pragma once
 

@@ -205,6 +205,19 @@ class ClipExportsTest : public QObject {
         QVERIFY(_dialogs->alerts.isEmpty());
     }
 
+    void sizesAreThoseOfTheMediaAlsoOfClipsThatWereNeverShown() {
+        _folder = _place->path();
+        QVERIFY(writeBytes(path(u"a.mov"_s), QByteArray(3 * 1'048'576, '\0')));
+        const ClipInfo clip({{ClipKey::clipName, u"a.mov"_s}, {ClipKey::clipFileSize, 1}});
+        const ClipInfo gone({{ClipKey::clipName, u"b.mov"_s}, {ClipKey::clipFileSize, 2'097'152}});
+        _clips = {clip, gone};
+        choose(u"UserReadable"_s, u"a.txt"_s);
+        const QByteArray text = readBytes(path(u"a.txt"_s));
+        QVERIFY(text.contains("Name: a\rDuration: 00:00:00\rFile Size: 3 MB\r"));
+        QVERIFY(text.contains("Name: b\rDuration: 00:00:00\rFile Size: 2 MB\r"));
+        QCOMPARE(clip.clipFileSize(), 1);
+    }
+
     void eachLayoutHasItsExtension() {
         choose(u"CommaDelimited"_s, u"report.txt"_s);
         choose(u"TabDelimited"_s, u"table.csv"_s);

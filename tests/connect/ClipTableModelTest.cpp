@@ -188,6 +188,16 @@ class ClipTableModelTest : public QObject {
         QVERIFY(clip.clipCreationDate() == Date(std::chrono::duration<double>(1'000'000'000)));
     }
 
+    void whatWasReadOfAFolderIsCompletedBeforeItIsShown() {
+        const ClipInfo clip = placeholder(u"c#07.mov"_s);
+        const Date date(std::chrono::duration<double>(1'000'000'000));
+        show({});
+        _model->append({clip}, {{.mediaExist = true, .mediaSize = 5, .creationDate = date}});
+        QCOMPARE(clip.clipFileSize(), 5);
+        QCOMPARE(clip.clipTake(), u"07"_s);
+        QVERIFY(clip.clipCreationDate() == date);
+    }
+
     void typedTakeAndKnownDateStay() {
         _folder->make(u"c#07.xml"_s, "x");
         ClipInfo clip = placeholder(u"c#07.xml"_s);
