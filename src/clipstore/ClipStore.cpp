@@ -6,6 +6,13 @@
 #include "platform/PropertyListReader.h"
 #include "platform/PropertyListWriter.h"
 
+#include <QSet>
+#include <QThreadPool>
+
+#include <algorithm>
+#include <atomic>
+#include <functional>
+
 namespace marquill {
 
 namespace {
@@ -36,6 +43,37 @@ Result<void> updatePlaceholder(const ClipInfo& info, const QString& path) {
         return std::unexpected(bytes.error());
     }
     return writeFile(path, *bytes);
+}
+
+/// How many files may wait for the disk at a time: a file system commits what is synced together at once.
+constexpr std::size_t mostWriters = 16;
+/// Below this many files, starting threads costs more than they spare.
+constexpr std::size_t filesPerWriter = 8;
+
+bool haveDifferentNames(std::span<const ClipInfo> infos) {
+    QSet<QString> names;
+    for (const ClipInfo& info : infos) {
+        names.insert(info.clipName().value_or(QString()));
+    }
+    return static_cast<std::size_t>(names.size()) == infos.size();
+}
+
+/// Calls `write` with each number below `count`, from several threads.
+void writeSeveralAtATime(std::size_t count, const std::function<void(std::size_t)>& write) {
+    std::atomic<std::size_t> next = 0;
+    const auto writeRest = [&] {
+        for (std::size_t index = next++; index < count; index = next++) {
+            write(index);
+        }
+    };
+    const std::size_t writers = std::min(count / filesPerWriter, mostWriters);
+    QThreadPool helpers;
+    helpers.setMaxThreadCount(static_cast<int>(std::max<std::size_t>(writers, 1)));
+    for (std::size_t writer = 1; writer < writers; ++writer) {
+        helpers.start(writeRest);
+    }
+    writeRest();
+    helpers.waitForDone();
 }
 
 }  // namespace
@@ -81,6 +119,25 @@ int ClipStore::updateClipInfo(const std::optional<ClipInfo>& info, const QString
         qCWarning(logClipStore).noquote() << updated.error().description();
     }
     return Status::done;
+}
+
+std::vector<int> ClipStore::updateClipInfos(std::span<const ClipInfo> infos, const QString& folder) {
+    std::vector<int> results(infos.size());
+    const auto update = [&](std::size_t index) { results[index] = updateClipInfo(infos[index], folder); };
+    const bool isParted = haveDifferentNames(infos);
+    if (isParted) {
+        writeSeveralAtATime(infos.size(), [&](std::size_t index) {
+            if (isProxyClip(infos[index])) {
+                update(index);
+            }
+        });
+    }
+    for (std::size_t index = 0; index < infos.size(); ++index) {
+        if (!isParted || !isProxyClip(infos[index])) {
+            update(index);
+        }
+    }
+    return results;
 }
 
 Result<void> ClipStore::createProxyClip(const ClipInfo& info, const QString& folder) {

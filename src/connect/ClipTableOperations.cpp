@@ -226,7 +226,9 @@ void ClipTableController::exchangeClips(const ClipChangeSet& set, const std::vec
         if (row >= 0 && _table.selectionModel()->isRowSelected(row)) {
             selected.push_back(to[i]);
         }
-        if (const int status = ClipStore::updateClipInfo(to[i], *done.clipFolder); status != 0) {
+    }
+    for (const int status : ClipStore::updateClipInfos(to, *done.clipFolder)) {
+        if (status != 0) {
             qCWarning(logConnect) << "A changed clip could not be written:" << status;
         }
     }

@@ -38,6 +38,41 @@ class ClipUpdateTest : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
+    void manyRecordsAreWrittenEachToItsFile() {
+        const ClipFolder folder;
+        std::vector<ClipInfo> infos;
+        for (int number = 0; number < 200; ++number) {
+            infos.push_back(takeNamed(u"a#%1.xml"_s.arg(number)));
+            folder.make(u"a#%1.xml"_s.arg(number));
+            infos.back().setClipDuration(number);
+        }
+        QVERIFY(removeAll(folder.path(u"a#7.xml"_s)));
+        infos.push_back(takeNamed(u"none.mov"_s));
+        std::vector<int> expected(infos.size());
+        expected.back() = -2;
+        QCOMPARE(ClipStore::updateClipInfos(infos, folder.path()), expected);
+        for (const ClipInfo& info : infos) {
+            const QString name = info.clipName().value_or(QString());
+            if (fileExists(folder.path(name))) {
+                QCOMPARE(clipAt(folder, name).clipDuration(), info.clipDuration());
+            }
+        }
+        QVERIFY(!fileExists(folder.path(u"a#7.xml"_s)));
+        QCOMPARE(folder.names().size(), 199);
+    }
+
+    void ofRecordsWithTheSameNameTheLastOneIsWritten() {
+        const ClipFolder folder;
+        folder.make(u"a#01.xml"_s);
+        std::vector<ClipInfo> infos;
+        for (int number = 0; number < 64; ++number) {
+            infos.push_back(takeNamed(u"a#01.xml"_s));
+            infos.back().setClipDuration(number);
+        }
+        QCOMPARE(ClipStore::updateClipInfos(infos, folder.path()), std::vector<int>(64));
+        QCOMPARE(clipAt(folder, u"a#01.xml"_s).clipDuration(), std::optional<qint64>(63));
+    }
+
     void aNewPlaceholderIsReadByAnotherReaderAsItIs() {
         const ClipFolder folder;
         QVERIFY(ClipStore::createProxyClip(takeNamed(u"a#01.xml"_s), folder.path()));

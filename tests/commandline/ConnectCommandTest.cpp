@@ -3,6 +3,7 @@
 #include "commandline/CommandRun.h"
 #include "connect/BatchConnect.h"
 #include "connect/ClipConnection.h"
+#include "connect/ClipFileFacts.h"
 #include "movie/MovieTools.h"
 #include "platform/Files.h"
 
@@ -112,7 +113,8 @@ class ConnectCommandTest : public QObject {
     void theFilesAreThoseThatABatchInTheWindowWrites() {
         makeClip(u"A#01.xml"_s, 0);
         const QString movie = makeMovie(_media, u"first.mov"_s, 2);
-        const ClipInfo before = clip(u"A#01.xml"_s);
+        ClipInfo before = clip(u"A#01.xml"_s);
+        completeRecord(before, ClipFileFacts());  // as the window does before it shows a clip
         QCOMPARE(connect({}).status, 0);
         const QByteArray written = bytes(u"A#01.xml"_s);
         const BatchResult batch =
@@ -283,6 +285,12 @@ class ConnectCommandTest : public QObject {
         makeClip(u"B#01.xml"_s, 100);
         makeMovie(_media, u"first.mov"_s, 2);
         makeMovie(_media, u"second.mov"_s, 103);
+        // Writing a clip also writes the take that its name tells.
+        for (const QString& name : {u"A#01.xml"_s, u"B#01.xml"_s}) {
+            ClipInfo known = clip(name);
+            known.setClipTake(u"01"_s);
+            QCOMPARE(ClipStore::updateClipInfo(known, _folder), 0);
+        }
         const QByteArray first = bytes(u"A#01.xml"_s);
         const QByteArray second = bytes(u"B#01.xml"_s);
         QCOMPARE(connect({}).status, 0);
