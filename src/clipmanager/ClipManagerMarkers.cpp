@@ -75,17 +75,11 @@ void ClipManager::markerSelected(const Dictionary& marker) {
 void ClipManager::clipMarkerChanged() {
     if (currentClip()) {
         storeMarkers();
-        _current->recordChanged();
     }
 }
 
-// A clip that had no markers, and was given none, is left as it was: looking at a clip does not change it.
 void ClipManager::storeMarkers() {
-    ClipInfo clip = *currentClip();
-    const Array& markers = _markers->markerArray();
-    if (clip.clipMarkerArray().value_or(Array()) != markers) {
-        clip.setClipMarkerArray(markers);
-    }
+    _current->setMarkers(_markers->markerArray());
 }
 
 void ClipManager::setMarkersLive(bool live) {

@@ -52,6 +52,7 @@ CurrentClip::CurrentClip(ClipTableController& table) : _table(table) {
 void CurrentClip::take(const ClipInfo& clip) {
     _clip = clip;
     _written = clip.deepCopy();
+    _cameWithMarkers = clip.clipMarkerArray().has_value();
 }
 
 void CurrentClip::release() {
@@ -92,6 +93,17 @@ void CurrentClip::endEditing() {
     const Value value = valueOf(*_clip, key);
     setValueOf(*_clip, key, _valueBefore);
     change(key, value);
+}
+
+void CurrentClip::setMarkers(const Array& markers) {
+    if (!_clip) {
+        return;
+    }
+    if (_clip->clipMarkerArray().value_or(Array()) != markers) {
+        const bool keepsKey = _cameWithMarkers || markers.size() > 0;
+        _clip->setClipMarkerArray(keepsKey ? std::optional(markers) : std::nullopt);
+    }
+    _rest.start();  // a marker's own record may have changed
 }
 
 // The table writes what it changes. Whether a movie took it is not known here, so that leaving the clip asks

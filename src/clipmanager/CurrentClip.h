@@ -37,8 +37,9 @@ class CurrentClip : public QObject {
     void endEditing();
     /// A value that was chosen: one undo step, written at once.
     void change(const QString& key, const Value& value);
-    /// The record was changed by someone who does not write it, such as the marker list.
-    void recordChanged() { _rest.start(); }
+    /// Gives the record these markers, to be written once they rest. A clip that came without the key has
+    /// none again when the last marker goes, so that what is undone leaves nothing behind.
+    void setMarkers(const Array& markers);
     /// Writes the record if it is not what was last written.
     void write();
 
@@ -51,9 +52,10 @@ class CurrentClip : public QObject {
 
     ClipTableController& _table;
     std::optional<ClipInfo> _clip;
-    ClipInfo _written;   // what the file holds, as far as is known here
-    QString _editedKey;  // being typed; empty: nothing is
-    Value _valueBefore;  // what the key had when its editing began
+    ClipInfo _written;              // what the file holds, as far as is known here
+    bool _cameWithMarkers = false;  // or with an empty list of them
+    QString _editedKey;             // being typed; empty: nothing is
+    Value _valueBefore;             // what the key had when its editing began
     QTimer _rest;
 };
 
