@@ -1,11 +1,14 @@
 #include "platform/FloatingPanel.h"
 
+#include "platform/AccessibleRole.h"
+
 #include <QCloseEvent>
 #include <QWindow>
 
 namespace marquill {
 
 FloatingPanel::FloatingPanel(QWidget* parent) : QWidget(parent) {
+    installAccessibleRoles();
     setWindowFlags(Qt::Tool | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint |
                    Qt::CustomizeWindowHint | Qt::WindowDoesNotAcceptFocus);
     setAttribute(Qt::WA_ShowWithoutActivating);

@@ -1,5 +1,6 @@
 #include "platform/MovieView.h"
 
+#include "platform/AccessibleRole.h"
 #include "platform/MoviePlayer.h"
 #include "platform/MovieRenderer.h"
 #include "platform/MovieScrubber.h"
@@ -27,6 +28,7 @@ MovieView::MovieView(QWidget* parent)
       _shuttle(std::make_unique<MovieShuttle>(*_player, nullptr)),
       _controlBar(new MovieControlBar(this)),
       _message(new QLabel(this)) {
+    installAccessibleRoles();
     setFocusPolicy(Qt::StrongFocus);
     setAccessibleName(tr("Movie"));
     setMinimumSize(64, 64);
