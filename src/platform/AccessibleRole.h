@@ -3,8 +3,8 @@
 
 namespace marquill {
 
-/// From the first call on, every window has the role of one, a movie view that of a moving picture, and a label
-/// that has a name tells its text behind it.
+/// From the first call on, every window has the role of one, a movie view that of a moving picture, and a
+/// label that has a name tells its text behind it.
 void installAccessibleRoles();
 
 }  // namespace marquill
