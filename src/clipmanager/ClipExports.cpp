@@ -172,6 +172,13 @@ void ClipExports::showTextExportOptions() {
     connect(_cancelButton, &QPushButton::clicked, this, &ClipExports::cancelTextExportOptionsSheet);
     connect(_textExportOptions, &QDialog::rejected, this, &ClipExports::cancelTextExportOptionsSheet);
     _textExportOptions->show();
+    // The keyboard goes on from the layout that is chosen.
+    for (QRadioButton* layout : {_exportAsTextOptions_UserReadable, _exportAsTextOptions_TabDelimited,
+                                 _exportAsTextOptions_CommaDelimited}) {
+        if (layout->isChecked()) {
+            layout->setFocus();
+        }
+    }
 }
 
 Result<void> ClipExports::loadTextExportOptions() {

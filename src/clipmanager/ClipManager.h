@@ -181,6 +181,7 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
     void constrainClipSplit(int position);
     void goTo(QWidget& part);
     std::optional<bool> isEnabled(const QString& command) const;
+    std::vector<ClipInfo> clipsToExport();
     void listMovies(const QStringList& paths);
     ImportedMovies importMovies(const QStringList& paths);
     void showMedia();

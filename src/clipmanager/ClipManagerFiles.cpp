@@ -2,6 +2,7 @@
 // exports, and the trash at quitting.
 #include "clipmanager/ClipExports.h"
 #include "clipmanager/ClipManager.h"
+#include "clipmanager/CurrentClip.h"
 #include "clipmanager/LeftOutMoviesDialog.h"
 #include "clipmanager/MovieImport.h"
 #include "clipmanager/TrashQuestion.h"
@@ -86,7 +87,16 @@ ImportedMovies ClipManager::importMovies(const QStringList& paths) {
 void ClipManager::setUpExports() {
     _exports = std::make_unique<ClipExports>(
         *_window, ClipExports::Source{.clipFolder = [this] { return shownFolder(); },
-                                      .clipArray = [this] { return _clips->clipArray(); }});
+                                      .clipArray = [this] { return clipsToExport(); }});
+}
+
+// While the folder is still being read the table holds a part of it; an export of a part would look whole.
+std::vector<ClipInfo> ClipManager::clipsToExport() {
+    if (!_isReading) {
+        return _clips->clipArray();
+    }
+    _current->write();
+    return readClipInfoForFolder(shownFolder().value_or(QString()));
 }
 
 QStringList ClipManager::getTrashClips() {

@@ -77,6 +77,23 @@ class ClipManagerFilesTest : public QObject {
         QTRY_VERIFY(QFile::exists(_fixture->path(u"list.xml"_s)));
     }
 
+    void anExportWhileTheFolderIsReadHoldsAllItsClips() {
+        constexpr int count = 400;
+        for (int take = 1; take <= count; ++take) {
+            _fixture->writeClip(u"A#%1.xml"_s.arg(take, 3, 10, QChar(u'0')));
+        }
+        _fixture->manager = ClipManager::initWithSettings(_fixture->settings());
+        _fixture->dialogs.chosen = {_fixture->path(u"list.txt"_s)};
+        _fixture->manager->folderList().selectFolder(_fixture->path(u"a"_s));
+        QVERIFY(_fixture->manager->isReading());
+        _fixture->manager->exports().exportClipListAsText();
+        _fixture->manager->exports().okTextExportOptionsSheet();
+        QTRY_VERIFY(QFile::exists(_fixture->path(u"list.txt"_s)));
+        QFile file(_fixture->path(u"list.txt"_s));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll().count("Name: A\r"), count);
+    }
+
     // Parts of the window
 
     void eachPartCanBeGivenTheKeyboard() {
