@@ -51,6 +51,7 @@ void ClipManager::finish() {
     if (shared()) {
         shared()->_timer.stop();
         // Leaving the clip writes it, and gives it the name that was typed.
+        shared()->_clips->endEditing();
         shared()->_clips->deselectAll();
         shared()->saveSettings();
         shared().reset();
@@ -183,6 +184,7 @@ void ClipManager::folderSelectionChanged() {
 }
 
 void ClipManager::showFolderContent(const std::optional<QString>& path) {
+    _clips->endEditing();
     _current->endEditing();
     _current->write();
     _reader.cancel();

@@ -95,6 +95,7 @@ void ClipManager::selectClip(const ClipInfo& clip) {
 void ClipManager::unselectClip() {
     setMarkersLive(false);
     if (currentClip()) {
+        _markers->endEditing();
         storeMarkers();
         _current->release();
     }

@@ -106,7 +106,8 @@ void CurrentClip::setMarkers(const Array& markers) {
     _rest.start();  // a marker's own record may have changed
 }
 
-// The table writes what it changes. Whether a movie took it is not known here, so that leaving the clip asks
+// The table writes what it changes. The clip may be left for another one right now, which stays selected.
+// Whether a movie took it is not known here, so that leaving the clip asks
 // again; one that has it already is not touched.
 void CurrentClip::change(const QString& key, const Value& value) {
     if (!isInTable()) {
@@ -114,7 +115,7 @@ void CurrentClip::change(const QString& key, const Value& value) {
     }
     const ClipInfo clip = *_clip;
     const Value before = valueOf(clip, key);
-    _table.enterAttribute(clip, key, value);
+    _table.enterAttribute(clip, key, value, ClipTableController::Selection::stays);
     if (valueOf(clip, key) == before) {
         write();
     } else if (ClipStore::isProxyClip(clip)) {

@@ -72,6 +72,7 @@ void ClipTableController::wireTable() {
 }
 
 void ClipTableController::setClipArray(std::vector<ClipInfo> clips, const std::optional<QString>& folder) {
+    endEditing();
     deselectAll();
     _arrivedNames.clear();
     _fileWork.cancel();

@@ -113,9 +113,14 @@ class ClipTableController : public QObject {
     void setClipName(const ClipInfo& clip, const QString& name);
     /// A value was entered into a cell; see ClipTableModel::valueEntered.
     void setObjectValue(const QVariant& value, int column, int row);
+    /// Whether a clip that is given a value is selected thereby.
+    enum class Selection { ofClip, stays };
     /// Gives `key` of a clip of the shown folder the value, and writes it; what the clip has already changes
     /// nothing, nor does an empty text where it has none.
-    void enterAttribute(const ClipInfo& clip, const QString& key, const Value& value);
+    void enterAttribute(const ClipInfo& clip, const QString& key, const Value& value,
+                        Selection selection = Selection::ofClip);
+    /// Takes over what stands in a cell's open editor, and closes it.
+    void endEditing();
 
   private:
     class SelectionChange;
@@ -147,7 +152,8 @@ class ClipTableController : public QObject {
                        const std::vector<ClipInfo>& to, ChangeSetOperation inverse, const char* notFound);
     void registerUndo(ClipSetOperation inverse, const ClipSet& set, const QString& actionName);
     void renameFile(const ClipInfo& clip, const QString& folder, const QString& clipName);
-    void setAttribute(const ClipInfo& clip, const QString& folder, const QString& key, const Value& value);
+    void setAttribute(const ClipInfo& clip, const QString& folder, const QString& key, const Value& value,
+                      Selection selection = Selection::ofClip);
 
     TableView& _table;
     QLabel& _countText;

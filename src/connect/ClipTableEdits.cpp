@@ -101,24 +101,30 @@ void ClipTableController::setObjectValue(const QVariant& value, int column, int 
 }
 
 // An editor that is left with what it began with has changed nothing.
-void ClipTableController::enterAttribute(const ClipInfo& clip, const QString& key, const Value& value) {
+void ClipTableController::enterAttribute(const ClipInfo& clip, const QString& key, const Value& value,
+                                         Selection selection) {
     const Value present = valueOf(clip, key);
     const bool isEmptyAsBefore = present.isNothing() && value.string() == QString();
     if (present != value && !isEmptyAsBefore && clipFolder()) {
-        setAttribute(clip, *clipFolder(), key, value);
+        setAttribute(clip, *clipFolder(), key, value, selection);
     }
 }
 
+void ClipTableController::endEditing() {
+    _table.endEditing();
+}
+
 void ClipTableController::setAttribute(const ClipInfo& clip, const QString& folder, const QString& key,
-                                       const Value& value) {
+                                       const Value& value, Selection selection) {
     const QString place = presentFolder(folder);
     const ClipInfo present = presentRecord(clip, place);
     const bool isInTable = isShown(place) && _model.rowOfClip(present) >= 0;
     const std::optional<ClipInfo> selected = onlySelected();
     const bool staysSelected = selected && selected->isSame(present);
+    const bool isSelected = isInTable && (staysSelected || selection == Selection::ofClip);
     const SelectionChange change(*this,
                                  staysSelected ? SelectionChange::Kind::quiet : SelectionChange::Kind::told);
-    if (isInTable) {
+    if (isSelected) {
         deselectAll();
     }
     const Value before = valueOf(present, key);
@@ -130,7 +136,9 @@ void ClipTableController::setAttribute(const ClipInfo& clip, const QString& fold
     if (isInTable) {
         _model.clipChanged(present);
         sortClips();
-        selectClip(present);
+        if (isSelected) {
+            selectClip(present);
+        }
         Q_EMIT Notifications::centre().refreshCurrentClip(this);
     }
 }

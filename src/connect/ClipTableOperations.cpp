@@ -86,6 +86,7 @@ void ClipTableController::addItem(const ClipInfo& clip) {
 }
 
 void ClipTableController::deleteItem() {
+    endEditing();
     const std::vector<ClipInfo> selected = selectedClipArray();
     if (!selected.empty() && clipFolder()) {
         deleteClipsWithUndo({.clipFolder = *clipFolder(), .clipArray = selected});

@@ -87,6 +87,8 @@ class ClipMarkerController : public QObject {
     void undoDeleteMarkersWithUndo(const std::vector<Marker>& markers);
     /// A value that the marker has already is no change, but is posted as well.
     void changeMarkerPropertyWithUndo(const MarkerChange& change);
+    /// Takes over what stands in a cell's open editor, and closes it.
+    void endEditing();
     /// A value was entered into a cell; see ClipMarkerModel::valueEntered.
     void setObjectValue(const QVariant& value, int column, int row);
 

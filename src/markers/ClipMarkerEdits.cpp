@@ -87,6 +87,10 @@ void ClipMarkerController::changeMarkerPropertyWithUndo(const MarkerChange& chan
     Q_EMIT Notifications::centre().clipMarkerChanged();
 }
 
+void ClipMarkerController::endEditing() {
+    _outlets.tableView.endEditing();
+}
+
 void ClipMarkerController::setObjectValue(const QVariant& value, int column, int row) {
     _lastEditedColumn = _outlets.tableView.horizontalHeader()->visualIndex(column);
     if (!ClipMarkerModel::isEditable(column)) {

@@ -3,6 +3,7 @@
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QPointer>
 
 namespace marquill {
 
@@ -57,6 +58,16 @@ QModelIndex TableView::moveCursor(CursorAction action, Qt::KeyboardModifiers mod
     }
     const int column = currentIndex().isValid() ? currentIndex().column() : 0;
     return model()->index(action == MoveHome ? 0 : model()->rowCount() - 1, column);
+}
+
+void TableView::endEditing() {
+    const QPointer<QWidget> editor = state() == EditingState ? indexWidget(currentIndex()) : nullptr;
+    if (editor) {
+        commitData(editor);
+    }
+    if (editor && indexWidget(currentIndex()) == editor) {
+        closeEditor(editor, QAbstractItemDelegate::NoHint);
+    }
 }
 
 void TableView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {

@@ -23,6 +23,10 @@ class TableView : public QTableView {
     std::function<void(QKeyEvent&)> keyDown;
     std::function<QMenu*(const QContextMenuEvent&)> menuForEvent;  ///< the menu for a right click, or null
 
+    /// Takes over what stands in a cell's open editor, and closes it. What replaces the rows otherwise drops
+    /// it.
+    void endEditing();
+
   protected:
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;

@@ -1,6 +1,8 @@
 #include "clipmanager/ClipManagerFixture.h"
 #include "clipmanager/CurrentClip.h"
+#include "markers/ClipMarkerModel.h"
 #include "platform/MovieMaker.h"
+#include "platform/TableView.h"
 #include "platform/UndoManager.h"
 
 #include <QAction>
@@ -33,6 +35,29 @@ class CurrentClipTest : public QObject {
         into.setFocus();
         into.selectAll();
         text.isEmpty() ? QTest::keyClick(&into, Qt::Key_Delete) : QTest::keyClicks(&into, text);
+    }
+
+    // The cell's editor stays open.
+    static void editCell(TableView& table, int row, int column, const QString& text) {
+        const QModelIndex cell = table.model()->index(row, column);
+        table.setFocus();
+        table.setCurrentIndex(cell);
+        table.edit(cell);
+        auto* editor = qobject_cast<QLineEdit*>(table.indexWidget(cell));
+        QVERIFY(editor);
+        editor->selectAll();
+        QTest::keyClicks(editor, text);
+    }
+
+    void writeClipWithMarker() {
+        _fixture->writeClip(u"A#01.xml"_s,
+                            {{u"clipMarkerArray"_s, Array{Dictionary{{u"clipMarkerTitle"_s, u"first"_s}}}}});
+    }
+
+    QString markerTitle(const QString& clip) {
+        const Array markers = _fixture->onDisk(clip).clipMarkerArray().value_or(Array());
+        return markers.isEmpty() ? QString()
+                                 : Marker(*markers.at(0).dictionary()).title().value_or(QString());
     }
 
     static void choose(QComboBox& menu, int item) {
@@ -212,6 +237,97 @@ class CurrentClipTest : public QObject {
         _fixture->table().setObjectValue(u"12A"_s, ClipTableModel::scene, 0);
         QCOMPARE(field(u"_clipSceneText"_s).text(), u"12A"_s);
         QVERIFY(manager().currentClip());
+    }
+
+    // Leaving the clip while its field keeps the keyboard
+
+    void anotherClipSelectedWhileTypingIsTheCurrentOne() {
+        _fixture->writeClip(u"A#01.xml"_s);
+        _fixture->writeClip(u"B#01.xml"_s);
+        _fixture->show();
+        _fixture->select(u"A#01.xml"_s);
+        type(field(u"_clipSceneText"_s), u"12A"_s);
+        _fixture->select(u"B#01.xml"_s);
+        QVERIFY(manager().currentClip()->isSame(_fixture->clip(u"B#01.xml"_s)));
+        QCOMPARE(_fixture->table().selectedClipArray().size(), std::size_t(1));
+        QVERIFY(_fixture->table().selectedClipArray().front().isSame(_fixture->clip(u"B#01.xml"_s)));
+        QCOMPARE(_fixture->onDisk(u"A#01.xml"_s).clipScene(), u"12A"_s);
+        QCOMPARE(field(u"_clipSceneText"_s).text(), QString());
+        manager().undoManager().undo();
+        QVERIFY(!_fixture->onDisk(u"A#01.xml"_s).clipScene());
+    }
+
+    void takeThatEndsWhileTypingIsSelectedAndTheTypingIsKept() {
+        _fixture->writeClip(u"A#01.xml"_s);
+        _fixture->show();
+        _fixture->select(u"A#01.xml"_s);
+        type(field(u"_clipSceneText"_s), u"12A"_s);
+        _fixture->writeClip(u"New#01.xml"_s);
+        manager().addClip(_fixture->onDisk(u"New#01.xml"_s), _fixture->path(u"a"_s));
+        QTRY_COMPARE(manager().currentClip()->clipName(), u"New#01.xml"_s);
+        QCOMPARE(_fixture->onDisk(u"A#01.xml"_s).clipScene(), u"12A"_s);
+        QVERIFY(!_fixture->onDisk(u"New#01.xml"_s).clipScene());
+        QCOMPARE(_fixture->table().selectedClipArray().size(), std::size_t(1));
+    }
+
+    void cellThatIsBeingEditedIsTakenWhenATakeEnds() {
+        _fixture->writeClip(u"A#01.xml"_s);
+        _fixture->show();
+        activate();
+        _fixture->select(u"A#01.xml"_s);
+        editCell(_fixture->table().tableView(), 0, ClipTableModel::scene, u"12A"_s);
+        _fixture->writeClip(u"New#01.xml"_s);
+        manager().addClip(_fixture->onDisk(u"New#01.xml"_s), _fixture->path(u"a"_s));
+        QTRY_COMPARE(manager().currentClip()->clipName(), u"New#01.xml"_s);
+        QCOMPARE(_fixture->onDisk(u"A#01.xml"_s).clipScene(), u"12A"_s);
+        QCOMPARE(_fixture->table().selectedClipArray().size(), std::size_t(1));
+    }
+
+    void markerCellThatIsBeingEditedIsTakenWhenTheClipIsLeft() {
+        writeClipWithMarker();
+        _fixture->writeClip(u"B#01.xml"_s);
+        _fixture->show();
+        activate();
+        _fixture->select(u"A#01.xml"_s);
+        editCell(_fixture->outlet<TableView>(u"_markerTable"_s), 0, ClipMarkerModel::markerName, u"Good"_s);
+        _fixture->select(u"B#01.xml"_s);
+        QCOMPARE(markerTitle(u"A#01.xml"_s), u"Good"_s);
+        QVERIFY(manager().currentClip()->isSame(_fixture->clip(u"B#01.xml"_s)));
+    }
+
+    void cellsThatAreBeingEditedAreTakenWhenTheFolderIsLeft() {
+        writeClipWithMarker();
+        _fixture->show();
+        activate();
+        _fixture->select(u"A#01.xml"_s);
+        editCell(_fixture->table().tableView(), 0, ClipTableModel::scene, u"12A"_s);
+        manager().folderList().selectFolder(_fixture->path(u"b"_s));
+        QCOMPARE(_fixture->onDisk(u"A#01.xml"_s).clipScene(), u"12A"_s);
+    }
+
+    void cellsThatAreBeingEditedAreTakenAtQuitting_data() {
+        QTest::addColumn<bool>("marker");
+        QTest::newRow("clip") << false;
+        QTest::newRow("marker") << true;
+    }
+
+    void cellsThatAreBeingEditedAreTakenAtQuitting() {
+        QFETCH(const bool, marker);
+        writeClipWithMarker();
+        UserDefaults::standard().setValue(u"ClipManagerSettings"_s, _fixture->settings());
+        ClipManager::init();
+        ClipManager& manager = *ClipManager::getClipManager();
+        QTRY_VERIFY(!manager.isReading());
+        QApplication::setActiveWindow(manager.window());
+        QVERIFY(QTest::qWaitForWindowActive(manager.window()));
+        manager.clipTable().selectNextClip();
+        auto* markers = manager.window()->findChild<TableView*>(u"_markerTable"_s);
+        marker ? editCell(*markers, 0, ClipMarkerModel::markerName, u"Good"_s)
+               : editCell(manager.clipTable().tableView(), 0, ClipTableModel::scene, u"12A"_s);
+        ClipManager::finish();
+        QCOMPARE(markerTitle(u"A#01.xml"_s), marker ? u"Good"_s : u"first"_s);
+        QCOMPARE(_fixture->onDisk(u"A#01.xml"_s).clipScene().value_or(QString()),
+                 marker ? QString() : u"12A"_s);
     }
 
     // Names
