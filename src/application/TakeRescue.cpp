@@ -15,7 +15,6 @@
 #include "recording/TakeJournal.h"
 
 #include <QMainWindow>
-#include <QToolBar>
 
 #include <algorithm>
 #include <utility>
@@ -157,28 +156,14 @@ void TakeRescue::selectWhenRead(const QString& folder, const QStringList& names)
     clipManager->clipTable().selectClips(clips);
 }
 
-// A row of the window's tool bars holds the notice, so that it stands above the content, whatever that is.
 void TakeRescue::showNotice(const QString& text, const QString& buttonText,
                             const std::function<void()>& buttonPressed) {
     ClipManager* clipManager = ClipManager::getClipManager();
     if (!clipManager) {
         return;
     }
-    QMainWindow& window = *clipManager->window();
-    auto* row = new QToolBar(u"Notice"_s, &window);
-    row->setObjectName(u"NoticeRow"_s);
-    row->setMovable(false);
-    row->setContextMenuPolicy(Qt::PreventContextMenu);
-    row->toggleViewAction()->setVisible(false);
-    auto* bar = new NoticeBar(text, buttonText, row);
-    row->addWidget(bar);
-    connect(bar, &NoticeBar::buttonPressed, row, [row, buttonPressed] {
-        row->deleteLater();
-        buttonPressed();
-    });
-    connect(bar, &NoticeBar::closed, row, &QObject::deleteLater);
-    window.addToolBarBreak(Qt::TopToolBarArea);
-    window.addToolBar(Qt::TopToolBarArea, row);
+    const NoticeBar* bar = NoticeBar::showIn(*clipManager->window(), text, buttonText);
+    connect(bar, &NoticeBar::buttonPressed, bar, buttonPressed);
 }
 
 }  // namespace marquill

@@ -5,7 +5,9 @@
 
 #include <QAccessible>
 #include <QHBoxLayout>
+#include <QMainWindow>
 #include <QPushButton>
+#include <QToolBar>
 #include <QToolButton>
 
 namespace marquill {
@@ -39,8 +41,37 @@ NoticeBar::NoticeBar(const QString& text, const QString& buttonText, QWidget* pa
     QAccessible::updateAccessibility(&alert);
 }
 
+NoticeBar* NoticeBar::showIn(QMainWindow& window, const QString& text, const QString& buttonText) {
+    auto* row = new QToolBar(u"Notice"_s, &window);
+    row->setObjectName(u"NoticeRow"_s);
+    row->setMovable(false);
+    row->setContextMenuPolicy(Qt::PreventContextMenu);
+    row->toggleViewAction()->setVisible(false);
+    auto* bar = new NoticeBar(text, buttonText, row);
+    row->addWidget(bar);
+    connect(bar, &NoticeBar::buttonPressed, bar, &NoticeBar::dismiss);
+    connect(bar, &NoticeBar::closed, bar, &NoticeBar::dismiss);
+    window.addToolBarBreak(Qt::TopToolBarArea);
+    window.addToolBar(Qt::TopToolBarArea, row);
+    return bar;
+}
+
+void NoticeBar::dismiss() {
+    if (QWidget* row = parentWidget()) {
+        row->deleteLater();
+    }
+}
+
 QString NoticeBar::text() const {
     return _text->text();
+}
+
+void NoticeBar::setText(const QString& text) {
+    _text->setText(text);
+    setAccessibleName(text);
+    if (_button) {
+        _button->setAccessibleDescription(text);
+    }
 }
 
 }  // namespace marquill

@@ -4,6 +4,7 @@
 
 #include <QFrame>
 
+class QMainWindow;
 class QToolButton;
 class QPushButton;
 
@@ -18,7 +19,16 @@ class NoticeBar : public QFrame {
     /// Without `buttonText` it has no button but the one that closes it.
     explicit NoticeBar(const QString& text, const QString& buttonText = {}, QWidget* parent = nullptr);
 
+    /// Shows one above the content of `window`, whatever that is, in a row of its tool bars. It stays until
+    /// dismiss(); a press of one of its buttons dismisses it too.
+    static NoticeBar* showIn(QMainWindow& window, const QString& text, const QString& buttonText = {});
+    /// Takes a bar that showIn() made away, with its row, on a later turn of the event loop.
+    void dismiss();
+
     QString text() const;
+    void setText(const QString& text);
+    /// Whether it has a button beside the one that closes it.
+    bool hasButton() const { return _button != nullptr; }
 
   Q_SIGNALS:
     /// The button was pressed. What becomes of the bar then is its owner's to say.

@@ -2,9 +2,11 @@
 #include "platform/Literals.h"
 #include "platform/NoticeBar.h"
 
+#include <QMainWindow>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolBar>
 #include <QToolButton>
 
 using namespace marquill;
@@ -33,6 +35,21 @@ class NoticeBarTest : public QObject {
         QTest::mouseClick(bar.findChild<QToolButton*>(), Qt::LeftButton);
         QCOMPARE(pressed.size(), 1);
         QCOMPARE(closed.size(), 1);
+    }
+
+    void aRowOfTheWindowShowsItUntilAButtonIsPressed() {
+        QMainWindow window;
+        NoticeBar* bar = NoticeBar::showIn(window, u"Recovered 1 take"_s, u"Show"_s);
+        QVERIFY(window.isAncestorOf(bar));
+        QVERIFY(bar->hasButton());
+        bar->setText(u"Recovered 2 takes"_s);
+        QCOMPARE(bar->text(), u"Recovered 2 takes"_s);
+        QCOMPARE(bar->accessibleName(), u"Recovered 2 takes"_s);
+        bar->findChild<QPushButton*>()->click();
+        NoticeBar::showIn(window, u"Saved"_s)->findChild<QToolButton*>()->click();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(!window.findChild<NoticeBar*>());
+        QVERIFY(!window.findChild<QToolBar*>());
     }
 
     void aLongTextTakesNoRoomFromTheButtons() {
