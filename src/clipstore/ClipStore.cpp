@@ -36,10 +36,11 @@ ClipInfo infoForPlaceholder(const QString& path) {
 
 Result<void> updatePlaceholder(const ClipInfo& info, const QString& path) {
     if (!fileExists(path)) {
-        return {};
+        return failure(ErrorCode::notFound, u"The clip's file is not there any more."_s, path);
     }
-    const Result<QByteArray> bytes = writePropertyList(info.record());
+    Result<QByteArray> bytes = writePropertyList(info.record());
     if (!bytes) {
+        bytes.error().path = path;
         return std::unexpected(bytes.error());
     }
     return writeFile(path, *bytes);
@@ -76,6 +77,25 @@ void writeSeveralAtATime(std::size_t count, const std::function<void(std::size_t
     helpers.waitForDone();
 }
 
+// The status stands beside the error, as the errors of a movie do not tell all of them apart.
+std::expected<void, ClipStoreMovies::UpdateFailure> update(const ClipInfo& info, const QString& folder) {
+    const QString name = info.clipName().value_or(QString());
+    const bool isPlaceholder = ClipStore::isProxyClip(info);
+    const std::optional<QString> path = ClipStore::clipPath(folder, name);
+    if (!path) {
+        return std::unexpected(ClipStoreMovies::UpdateFailure{
+            isPlaceholder ? Status::done : Status::movieCannotBeOpened,
+            Error{ErrorCode::malformed, u"No clip is named “%1”."_s.arg(name), folder}});
+    }
+    if (!isPlaceholder) {
+        return ClipStoreMovies::update(info, *path);
+    }
+    if (const Result<void> updated = updatePlaceholder(info, *path); !updated) {
+        return std::unexpected(ClipStoreMovies::UpdateFailure{Status::done, updated.error()});
+    }
+    return {};
+}
+
 }  // namespace
 
 bool ClipStore::isProxyClip(const ClipInfo& info) {
@@ -105,20 +125,22 @@ int ClipStore::updateClipInfo(const std::optional<ClipInfo>& info, const QString
     if (!info || folder.isEmpty()) {
         return Status::missingArgument;
     }
-    const std::optional<QString> path = clipPath(folder, info->clipName().value_or(QString()));
-    if (!path) {
-        qCWarning(logClipStore) << "No clip is named" << info->clipName().value_or(QString()) << "in"
-                                << folder;
-        return isProxyClip(*info) ? Status::done : Status::movieCannotBeOpened;
+    const auto updated = update(*info, folder);
+    if (updated) {
+        return Status::done;
     }
-    if (!isProxyClip(*info)) {
-        return ClipStoreMovies::update(*info, *path);
+    // A placeholder that is gone was deleted, which is nobody's failure here.
+    if (updated.error().error.code != ErrorCode::notFound) {
+        qCWarning(logClipStore).noquote() << updated.error().error.description();
     }
-    if (Result<void> updated = updatePlaceholder(*info, *path); !updated) {
-        updated.error().path = *path;
-        qCWarning(logClipStore).noquote() << updated.error().description();
+    return updated.error().status;
+}
+
+Result<void> ClipStore::writeClipInfo(const ClipInfo& info, const QString& folder) {
+    if (const auto updated = update(info, folder); !updated) {
+        return std::unexpected(updated.error().error);
     }
-    return Status::done;
+    return {};
 }
 
 std::vector<int> ClipStore::updateClipInfos(std::span<const ClipInfo> infos, const QString& folder) {

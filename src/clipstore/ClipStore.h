@@ -64,6 +64,9 @@ class ClipStore {
     /// The same for many records, with their results. Several placeholders are written at a time, since each
     /// file waits for its disk; of records with the same name the last one counts.
     static std::vector<int> updateClipInfos(std::span<const ClipInfo> infos, const QString& folder);
+    /// Writes the record as updateClipInfo does, and tells of a placeholder too what kept it from being
+    /// written: notFound when its file is not there, and malformed when `clipName` is no name of a file.
+    static Result<void> writeClipInfo(const ClipInfo& info, const QString& folder);
     /// Writes the record of a placeholder as a new file. Errors: alreadyExists, and nothing changed, when
     /// something has the name, also when another program takes it at the same moment; malformed when
     /// `clipName` is no name of a placeholder.

@@ -18,7 +18,6 @@ constexpr FourCharCode recordType("KVXN");
 constexpr int recordIndex = 1;
 
 namespace Status {
-constexpr int done = 0;
 constexpr int movieCannotBeOpened = -2;
 constexpr int noUserData = -3;
 constexpr int noPropertyList = -4;
@@ -64,24 +63,28 @@ Result<ClipInfo> ClipStoreMovies::storedInfo(const Movie& movie) {
     return ClipInfo(*record);
 }
 
-int ClipStoreMovies::update(const ClipInfo& info, const QString& path) {
+std::expected<void, ClipStoreMovies::UpdateFailure> ClipStoreMovies::update(const ClipInfo& info,
+                                                                            const QString& path) {
+    const auto failed = [&path](int status, Error error) {
+        error.path = path;
+        return std::unexpected(UpdateFailure{status, std::move(error)});
+    };
     const Result<Movie> movie = Movie::open(path);
     if (!movie) {
-        return Status::movieCannotBeOpened;
+        return failed(Status::movieCannotBeOpened, movie.error());
     }
     if (!movie->userData()) {
-        return Status::noUserData;
+        return failed(Status::noUserData,
+                      Error{ErrorCode::unsupported, u"The movie has no user data to keep a record in."_s});
     }
     const Result<QByteArray> bytes = writePropertyList(info.record());
     if (!bytes) {
-        logFailure(bytes.error(), path);
-        return Status::noPropertyList;
+        return failed(Status::noPropertyList, bytes.error());
     }
     if (const Result<void> written = setUserDataItem(*movie, recordType, recordIndex, *bytes); !written) {
-        logFailure(written.error(), path);
-        return static_cast<int>(written.error().code);
+        return failed(static_cast<int>(written.error().code), written.error());
     }
-    return Status::done;
+    return {};
 }
 
 ClipInfo ClipStore::newInfoForClip(const QString& name, const QString& folder) {

@@ -16,8 +16,13 @@ std::optional<ClipInfo> info(const QString& path);
 /// malformed, endsEarly or unsupported when it cannot be parsed.
 Result<ClipInfo> storedInfo(const Movie& movie);
 
-/// Writes the record into the movie at `path` unless it holds it already. Results as
-/// ClipStore::updateClipInfo.
-int update(const ClipInfo& info, const QString& path);
+/// What kept a record from being written: the result of ClipStore::updateClipInfo, and the error behind it.
+struct UpdateFailure {
+    int status = 0;
+    Error error;
+};
+
+/// Writes the record into the movie at `path` unless it holds it already.
+std::expected<void, UpdateFailure> update(const ClipInfo& info, const QString& path);
 
 }  // namespace marquill::ClipStoreMovies

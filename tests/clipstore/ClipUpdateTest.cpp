@@ -176,6 +176,26 @@ class ClipUpdateTest : public QObject {
         QCOMPARE(folder.names(), QStringList());
     }
 
+    void whatKeepsAPlaceholderFromBeingWrittenIsToldByWriteClipInfo() {
+        const ClipFolder folder;
+        const ClipInfo gone = takeNamed(u"a#01.xml"_s);
+        QCOMPARE(ClipStore::writeClipInfo(gone, folder.path()).error().code, ErrorCode::notFound);
+        QCOMPARE(folder.names(), QStringList());
+        QCOMPARE(ClipStore::writeClipInfo(takeNamed(u"../a#01.xml"_s), folder.path()).error().code,
+                 ErrorCode::malformed);
+        folder.makePlaceholder(u"b#01.xml"_s, "<key>clipName</key><string>b#01.xml</string>");
+        ClipInfo info = clipAt(folder, u"b#01.xml"_s);
+        info.setClipRating(5);
+        FaultyFileSystem disk;
+        disk.failFrom(1, ErrorCode::noSpace);
+        {
+            const InstalledFileSystem installed(disk);
+            QCOMPARE(ClipStore::writeClipInfo(info, folder.path()).error().code, ErrorCode::noSpace);
+        }
+        QVERIFY(ClipStore::writeClipInfo(info, folder.path()));
+        QCOMPARE(clipAt(folder, u"b#01.xml"_s).clipRating(), 5);
+    }
+
     void withoutInfoOrFolderTheResultIsMinusOne() {
         QCOMPARE(ClipStore::updateClipInfo(std::nullopt, u"/takes"_s), -1);
         QCOMPARE(ClipStore::updateClipInfo(takeNamed(u"a#01.xml"_s), QString()), -1);
