@@ -7,6 +7,7 @@
 #include "clipmanager/ClipMedia.h"
 #include "clipmanager/CollapsibleWindow.h"
 #include "clipmanager/CurrentClip.h"
+#include "clipmanager/UnwrittenClips.h"
 #include "clipstore/Notifications.h"
 #include "connect/ClipFileFacts.h"
 #include "connect/ClipTableController.h"
@@ -97,6 +98,7 @@ void ClipManager::setUpFolderList() {
 
 void ClipManager::setUpClipTable() {
     _clips = std::make_unique<ClipTableController>(*_clipTable, *_clipCount, _undoManager);
+    _unwritten = std::make_unique<UnwrittenClips>(*_window, _clips->writer());
     _noClipsHint = new EmptyHint(*_clipTable, {});
     connect(&_reader, &ClipFolderReader::clipsRead, this,
             [this](const std::vector<ClipInfo>& clips, const std::vector<ClipFileFacts>& facts, int done,
@@ -153,6 +155,7 @@ const std::optional<QString>& ClipManager::shownFolder() const {
 }
 
 void ClipManager::addClip(const ClipInfo& info, const QString& folder) {
+    _clips->writer().clipReplaced(info, folder);
     if (shownFolder() == folder) {
         _clips->addItem(info);
     }

@@ -36,6 +36,7 @@ class EmptyHint;
 class MoviePreview;
 class RecordFolderController;
 class TableView;
+class UnwrittenClips;
 struct ClipMedia;
 struct ImportedMovies;
 
@@ -55,7 +56,8 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
     static QStringList getTrashClips();
     /// Deletes the clips at `paths` for good and tells when some could not be.
     static void deleteClips(const QStringList& paths);
-    /// Asks what to do with the clips in the trash; whether the application may quit.
+    /// Saves the clip that is edited, and asks what to do with clips that cannot be saved and with those in
+    /// the trash; whether the application may quit.
     static bool cleanUp();
 
     /// A Clip Manager whose list, window frame, recording folder and visibility are those of `settings`;
@@ -224,6 +226,7 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
     // After the window, as they must go before its tables do.
     std::unique_ptr<RecordFolderController> _folderList;
     std::unique_ptr<ClipTableController> _clips;
+    std::unique_ptr<UnwrittenClips> _unwritten;
     std::unique_ptr<CollapsibleWindow> _collapsible;
     std::unique_ptr<ClipAttributes> _attributes;
     std::unique_ptr<ClipMarkerController> _markers;

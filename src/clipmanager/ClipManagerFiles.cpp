@@ -6,9 +6,11 @@
 #include "clipmanager/LeftOutMoviesDialog.h"
 #include "clipmanager/MovieImport.h"
 #include "clipmanager/TrashQuestion.h"
+#include "clipmanager/UnwrittenClips.h"
 #include "clipstore/ClipTrash.h"
 #include "connect/ClipTableController.h"
 #include "folders/RecordFolderController.h"
+#include "markers/ClipMarkerController.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
 #include "platform/Log.h"
@@ -111,7 +113,14 @@ void ClipManager::deleteClips(const QStringList& paths) {
 
 bool ClipManager::cleanUp() {
     ClipManager* const manager = getClipManager();
-    return !manager || TrashQuestion::cleanUp(folderPaths(*manager), manager->window());
+    if (!manager) {
+        return true;
+    }
+    manager->_clips->endEditing();
+    manager->_markers->endEditing();
+    manager->_current->endEditing();
+    manager->_current->write();
+    return manager->_unwritten->mayQuit() && TrashQuestion::cleanUp(folderPaths(*manager), manager->window());
 }
 
 }  // namespace marquill

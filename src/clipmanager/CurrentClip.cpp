@@ -3,7 +3,6 @@
 #include "clipstore/ClipStore.h"
 #include "connect/ClipTableController.h"
 #include "platform/Files.h"
-#include "platform/Log.h"
 
 #include <utility>
 
@@ -107,8 +106,6 @@ void CurrentClip::setMarkers(const Array& markers) {
 }
 
 // The table writes what it changes. The clip may be left for another one right now, which stays selected.
-// Whether a movie took it is not known here, so that leaving the clip asks
-// again; one that has it already is not touched.
 void CurrentClip::change(const QString& key, const Value& value) {
     if (!isInTable()) {
         return;
@@ -118,7 +115,7 @@ void CurrentClip::change(const QString& key, const Value& value) {
     _table.enterAttribute(clip, key, value, ClipTableController::Selection::stays);
     if (valueOf(clip, key) == before) {
         write();
-    } else if (ClipStore::isProxyClip(clip)) {
+    } else {
         _written = clip.deepCopy();
     }
 }
@@ -139,11 +136,8 @@ void CurrentClip::write() {
 }
 
 void CurrentClip::writeInto(const QString& folder) {
-    if (const int status = ClipStore::updateClipInfo(*_clip, folder); status != 0) {
-        qCWarning(logClipManager) << "The clip" << _clip->clipName().value_or(QString())
-                                  << "could not be written:" << status;
-        return;
-    }
+    // What it could not write, it writes later.
+    _table.writer().write(*_clip, folder);
     _written = _clip->deepCopy();
 }
 

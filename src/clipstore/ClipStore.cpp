@@ -143,20 +143,20 @@ Result<void> ClipStore::writeClipInfo(const ClipInfo& info, const QString& folde
     return {};
 }
 
-std::vector<int> ClipStore::updateClipInfos(std::span<const ClipInfo> infos, const QString& folder) {
-    std::vector<int> results(infos.size());
-    const auto update = [&](std::size_t index) { results[index] = updateClipInfo(infos[index], folder); };
+std::vector<Result<void>> ClipStore::writeClipInfos(std::span<const ClipInfo> infos, const QString& folder) {
+    std::vector<Result<void>> results(infos.size());
+    const auto write = [&](std::size_t index) { results[index] = writeClipInfo(infos[index], folder); };
     const bool isParted = haveDifferentNames(infos);
     if (isParted) {
         writeSeveralAtATime(infos.size(), [&](std::size_t index) {
             if (isProxyClip(infos[index])) {
-                update(index);
+                write(index);
             }
         });
     }
     for (std::size_t index = 0; index < infos.size(); ++index) {
         if (!isParted || !isProxyClip(infos[index])) {
-            update(index);
+            write(index);
         }
     }
     return results;

@@ -1,5 +1,5 @@
 // The clip store: operations on clip files, without state; every call reads or writes the files it names.
-// "folder" is the path of a record folder. Main thread; readClipInfoForFolder and updateClipInfos
+// "folder" is the path of a record folder. Main thread; readClipInfoForFolder and writeClipInfos
 // fan their work out and join before they return.
 #pragma once
 
@@ -61,12 +61,12 @@ class ClipStore {
     /// does not open; -3 it has no user data; -4 the record cannot be written as a property list; -5 it was
     /// written with an error; an ErrorCode for what the system or the movie file refused.
     static int updateClipInfo(const std::optional<ClipInfo>& info, const QString& folder);
-    /// The same for many records, with their results. Several placeholders are written at a time, since each
-    /// file waits for its disk; of records with the same name the last one counts.
-    static std::vector<int> updateClipInfos(std::span<const ClipInfo> infos, const QString& folder);
     /// Writes the record as updateClipInfo does, and tells of a placeholder too what kept it from being
     /// written: notFound when its file is not there, and malformed when `clipName` is no name of a file.
     static Result<void> writeClipInfo(const ClipInfo& info, const QString& folder);
+    /// The same for many records, with their results. Several placeholders are written at a time, since each
+    /// file waits for its disk; of records with the same name the last one counts.
+    static std::vector<Result<void>> writeClipInfos(std::span<const ClipInfo> infos, const QString& folder);
     /// Writes the record of a placeholder as a new file. Errors: alreadyExists, and nothing changed, when
     /// something has the name, also when another program takes it at the same moment; malformed when
     /// `clipName` is no name of a placeholder.

@@ -85,13 +85,16 @@ void ClipTableController::setClipArray(std::vector<ClipInfo> clips, const std::o
 
 void ClipTableController::addClipsRead(const std::vector<ClipInfo>& clips,
                                        const std::vector<ClipFileFacts>& facts) {
-    if (_arrivedNames.isEmpty()) {
+    if (_arrivedNames.isEmpty() && !_writer.hasUnwritten()) {
         _model.append(clips, facts);
     } else {
         std::vector<ClipInfo> newClips;
-        std::ranges::copy_if(clips, std::back_inserter(newClips), [this](const ClipInfo& clip) {
-            return !_arrivedNames.contains(clip.clipName().value_or(QString()));
-        });
+        for (const ClipInfo& clip : clips) {
+            const QString name = clip.clipName().value_or(QString());
+            if (!_arrivedNames.contains(name)) {
+                newClips.push_back(_writer.unwritten(clipFolder().value_or(QString()), name).value_or(clip));
+            }
+        }
         _model.append(newClips);
     }
     updateClipCount();
@@ -107,12 +110,14 @@ void ClipTableController::show(const std::vector<ClipInfo>& clips) {
             _model.removeRowsAt({row});
         }
         _arrivedNames.insert(name);
+        _writer.clipReplaced(clip, clipFolder().value_or(QString()));
     }
     _model.append(clips);
 }
 
 void ClipTableController::folderMoved(const QString& from, const QString& to) {
     _movedFolders.emplace_back(from, to);
+    _writer.folderMoved(from, to);
     if (isShown(from)) {
         _model.setFolder(to);
     }

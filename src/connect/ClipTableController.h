@@ -5,6 +5,7 @@
 #include "connect/ClipChangeSet.h"
 #include "connect/ClipTableColumns.h"
 #include "connect/ClipTableModel.h"
+#include "connect/ClipWriter.h"
 #include "platform/BackgroundWork.h"
 
 #include <QMenu>
@@ -51,6 +52,8 @@ class ClipTableController : public QObject {
 
     TableView& tableView() { return _table; }
     ClipTableModel& model() { return _model; }
+    /// Writes the clips that are edited; what it could not write yet, it keeps.
+    ClipWriter& writer() { return _writer; }
     /// The menu "Labels", one item per label.
     QMenu& labelMenu() { return _labelMenu; }
 
@@ -159,6 +162,7 @@ class ClipTableController : public QObject {
     QLabel& _countText;
     UndoManager& _undoManager;
     ClipTableModel _model;
+    ClipWriter _writer;
     std::unique_ptr<ClipTableColumns> _columns;
     std::unique_ptr<ClipConnecting> _connecting;
     QMenu _labelMenu;

@@ -33,14 +33,6 @@ void setValueOf(const ClipInfo& clip, const QString& key, const Value& value) {
     }
 }
 
-// An edit is on disk at once, so that a crash costs nothing of it.
-void writeClip(const ClipInfo& clip, const QString& folder) {
-    if (const int status = ClipStore::updateClipInfo(clip, folder); status != 0) {
-        qCWarning(logConnect) << "The clip" << clip.clipName().value_or(QString())
-                              << "could not be written:" << status;
-    }
-}
-
 // The clip's file name with another display name; the take and the kind stay.
 QString renamed(const QString& clipName, const QString& displayName) {
     QString name = displayName;
@@ -129,7 +121,8 @@ void ClipTableController::setAttribute(const ClipInfo& clip, const QString& fold
     }
     const Value before = valueOf(present, key);
     setValueOf(present, key, value);
-    writeClip(present, place);
+    // On disk at once, so that a crash costs nothing of it.
+    _writer.write(present, place);
     _undoManager.registerUndo(
         this, [this, present, place, key, before] { setAttribute(present, place, key, before); });
     _undoManager.setActionName(u"change Clip"_s);
@@ -149,7 +142,11 @@ ClipInfo ClipTableController::presentRecord(const ClipInfo& clip, const QString&
         const int row = rowFor(clip);
         return row >= 0 ? _model.clipAt(row) : clip;
     }
-    const std::optional<QString> path = ClipStore::clipPath(folder, clip.clipName().value_or(QString()));
+    const QString name = clip.clipName().value_or(QString());
+    if (const std::optional<ClipInfo> unwritten = _writer.unwritten(folder, name)) {
+        return *unwritten;
+    }
+    const std::optional<QString> path = ClipStore::clipPath(folder, name);
     return path && fileExists(*path) ? ClipStore::infoForClip(*path).value_or(clip) : clip;
 }
 
@@ -189,7 +186,7 @@ void ClipTableController::renameFile(const ClipInfo& clip, const QString& folder
     }
     present.setClipName(clipName);
     ClipInfo(clip).setClipName(clipName);
-    writeClip(present, place);
+    _writer.write(present, place);
     _undoManager.registerUndo(this, [this, present, place, oldName] { renameFile(present, place, oldName); });
     _undoManager.setActionName(u"rename Clip"_s);
     if (isInTable) {

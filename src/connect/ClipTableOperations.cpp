@@ -132,6 +132,7 @@ void ClipTableController::moveToTrash(const ClipSet& set, ClipSetOperation inver
     for (const ClipInfo& clip : set.clipArray) {
         if (const auto done = moveIntoTrash(clip.clipName().value_or(QString()), folder)) {
             moved.clipArray.push_back(clip);
+            _writer.clipMoved(clip, folder, trashOf(folder));
         } else {
             logError(done.error());
         }
@@ -161,9 +162,10 @@ void ClipTableController::moveFromTrash(const ClipSet& set, ClipSetOperation inv
             logError(name.error());
             continue;
         }
+        _writer.clipMoved(clip, trashOf(folder), folder);
         if (*name != oldName) {
             clip.setClipName(*name);
-            ClipStore::updateClipInfo(clip, folder);
+            _writer.write(clip, folder);
         }
         moved.clipArray.push_back(clip);
     }
@@ -228,11 +230,7 @@ void ClipTableController::exchangeClips(const ClipChangeSet& set, const std::vec
             selected.push_back(to[i]);
         }
     }
-    for (const int status : ClipStore::updateClipInfos(to, *done.clipFolder)) {
-        if (status != 0) {
-            qCWarning(logConnect) << "A changed clip could not be written:" << status;
-        }
-    }
+    _writer.write(to, *done.clipFolder);
     if (isShown(*done.clipFolder)) {
         const SelectionChange change(*this);
         removeFromTable(from);

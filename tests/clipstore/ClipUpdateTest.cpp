@@ -48,9 +48,12 @@ class ClipUpdateTest : public QObject {
         }
         QVERIFY(removeAll(folder.path(u"a#7.xml"_s)));
         infos.push_back(takeNamed(u"none.mov"_s));
-        std::vector<int> expected(infos.size());
-        expected.back() = -2;
-        QCOMPARE(ClipStore::updateClipInfos(infos, folder.path()), expected);
+        const std::vector<Result<void>> written = ClipStore::writeClipInfos(infos, folder.path());
+        QCOMPARE(written.size(), infos.size());
+        for (std::size_t i = 0; i < written.size(); ++i) {
+            QCOMPARE(written[i].has_value(), i != 7 && i != 200);
+        }
+        QCOMPARE(written[7].error().code, ErrorCode::notFound);
         for (const ClipInfo& info : infos) {
             const QString name = info.clipName().value_or(QString());
             if (fileExists(folder.path(name))) {
@@ -69,7 +72,9 @@ class ClipUpdateTest : public QObject {
             infos.push_back(takeNamed(u"a#01.xml"_s));
             infos.back().setClipDuration(number);
         }
-        QCOMPARE(ClipStore::updateClipInfos(infos, folder.path()), std::vector<int>(64));
+        for (const Result<void>& written : ClipStore::writeClipInfos(infos, folder.path())) {
+            QVERIFY(written);
+        }
         QCOMPARE(clipAt(folder, u"a#01.xml"_s).clipDuration(), std::optional<qint64>(63));
     }
 

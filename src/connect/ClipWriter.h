@@ -1,0 +1,71 @@
+// Writes the records of edited clips, and keeps those that could not be written: they are written again every
+// few seconds until they are on the disk. Owned by ClipTableController. Main thread.
+#pragma once
+
+#include "clipstore/ClipInfo.h"
+#include "platform/Error.h"
+
+#include <QObject>
+#include <QTimer>
+
+#include <vector>
+
+namespace marquill {
+
+class ClipWriter : public QObject {
+    Q_OBJECT
+
+  public:
+    /// How long it rests before it tries again, in milliseconds.
+    static constexpr int retryInterval = 5000;
+
+    explicit ClipWriter(int milliseconds = retryInterval);
+
+    /// Writes the record into its clip in `folder`, or keeps it. One whose file is missing in a folder that
+    /// is there is told of, and not kept: its clip was deleted, and what has its name later is another one.
+    void write(const ClipInfo& clip, const QString& folder) { write(std::vector{clip}, folder); }
+    /// The same for many clips, several at a time.
+    void write(const std::vector<ClipInfo>& clips, const QString& folder);
+    /// Writes all that are kept, as they are now.
+    void retry();
+
+    bool hasUnwritten() const { return !_unwritten.empty(); }
+    /// The record that is kept for the clip of that name: it is newer than the file.
+    std::optional<ClipInfo> unwritten(const QString& folder, const QString& clipName) const;
+    /// "“A#01.xml” could not be saved: The volume is full. …", of several clips with their number.
+    QString unwrittenText() const;
+
+    /// The clip's file was moved into another folder, replacing what had its name there.
+    void clipMoved(const ClipInfo& clip, const QString& from, const QString& to);
+    /// Another clip has that name now: what is kept for the one before is not for it.
+    void clipReplaced(const ClipInfo& clip, const QString& folder);
+    /// A record folder was given another path.
+    void folderMoved(const QString& from, const QString& to);
+
+  Q_SIGNALS:
+    /// Clips came to those that are not written.
+    void failed();
+    /// The file of a clip is gone and its last edit with it; for the user.
+    void lost(const QString& text);
+    /// There are none any more.
+    void allWritten();
+
+  private:
+    struct Unwritten {
+        ClipInfo clip;
+        QString folder;
+        Error error;
+    };
+
+    void forget(const QString& folder, const QString& clipName);
+    bool isDone(Unwritten& unwritten);
+    bool isDone(Unwritten& unwritten, const Result<void>& written);
+    static QString textFor(const Unwritten& unwritten, const QString& others = {});
+    void retryInTurn();
+    void tellWhenAllWritten();
+
+    std::vector<Unwritten> _unwritten;  // the one to be tried next is the first
+    QTimer _timer;
+};
+
+}  // namespace marquill
