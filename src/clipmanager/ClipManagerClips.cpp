@@ -11,7 +11,9 @@
 #include "connect/MoviePreview.h"
 #include "folders/Preferences.h"
 #include "markers/ClipMarkerController.h"
+#include "markers/MarkerSets.h"
 #include "platform/Theme.h"
+#include "recording/OfflineRecorder.h"
 
 #include <QAction>
 #include <QApplication>
@@ -93,6 +95,9 @@ void ClipManager::selectClip(const ClipInfo& clip) {
 }
 
 void ClipManager::unselectClip() {
+    if (_markersAreLive && !OfflineRecorder::isRecording()) {
+        MarkerSets::firePendingClicks();
+    }
     setMarkersLive(false);
     if (currentClip()) {
         _markers->endEditing();

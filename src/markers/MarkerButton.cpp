@@ -118,6 +118,10 @@ void MarkerButton::mouseUp() {
     }
 }
 
+void MarkerButton::firePendingClick() {
+    DelayedCalls::elapse(this, secondsBeforeFiring);
+}
+
 // Pressed by key or by a screen reader, which have no second click to wait for.
 void MarkerButton::pressed() {
     if (!_mouseIsDown) {

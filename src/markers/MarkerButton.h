@@ -44,6 +44,9 @@ class MarkerButton : public QPushButton {
     /// clicked marker bears the moment at which it is fired.
     void triggerMarkerWithDate(Date date);
 
+    /// Fires at once what a click would fire later.
+    void firePendingClick();
+
     /// Opens the title for editing, also on a disabled button.
     void startTextEdit();
     /// Abandons an edit: what was typed is dropped.

@@ -106,6 +106,14 @@ void MarkerSets::processNumKey(int digit, Date fired) {
     addNewMarker(index, fired);
 }
 
+void MarkerSets::firePendingClicks() {
+    if (controller()) {
+        for (MarkerButton* button : controller()->buttons()) {
+            button->firePendingClick();
+        }
+    }
+}
+
 void MarkerSets::addNewMarker(int index, Date creationDate) {
     const std::optional<MarkerSet> set = controller() ? controller()->currSet() : std::nullopt;
     if (!set) {

@@ -41,6 +41,8 @@ class MarkerSets : public QObject, public MarkerSetStore, private MarkerButton::
     static void processNumKey(int digit, Date fired);
     /// Makes the marker of the current set's button `index`, from 0, and posts "newMarkerIssued".
     static void addNewMarker(int index, Date creationDate);
+    /// Makes the markers of clicks that still wait for a second one, because what they mark is about to end.
+    static void firePendingClicks();
     /// Enables or disables all buttons; either way an edit of a title is abandoned.
     static void setMarkersEnabled(bool enabled);
     /// The controller of the window, or null.

@@ -132,6 +132,7 @@ void OfflineRecorder::stop(std::optional<Date> moment) {
         return;
     }
     const double elapsed = secondsBetween(_recordStartDate, moment.value_or(Clock::current().now()));
+    MarkerSets::firePendingClicks();
     disconnect(_markerConnection);
     _heartbeat.stop();
     MarkerSets::setMarkersEnabled(false);

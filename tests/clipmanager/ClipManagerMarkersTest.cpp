@@ -188,6 +188,34 @@ class ClipManagerMarkersTest : public QObject {
         QVERIFY(manager().currentClip());
         QVERIFY(buttonsAreEnabled());
     }
+
+    // A click fires a second later; what it was meant for may be over by then.
+    void markerClickedAtTheEndOfATakeIsTheTakesAndNotTheClipsShown() {
+        MarkerSets::init();
+        showPlayable();
+        QTRY_VERIFY(buttonsAreEnabled());
+        manager().folderList().setRecordingFolder(manager().folderList().folderArray()[1]);
+        OfflineRecorder::init(manager());
+        OfflineRecorder::startRecording();
+        QTest::mouseClick(MarkerSets::controller()->buttons().front(), Qt::LeftButton);
+        OfflineRecorder::stopRecording();
+        QTest::qWait(1200);
+        QCOMPARE(rows(), 2);
+        const QStringList takes = ClipStore::getClipsForFolder(_fixture->path(u"b"_s));
+        QCOMPARE(takes.size(), 1);
+        QCOMPARE(titles(_fixture->onDisk(u"../b/"_s + takes[0])).size(), 1);
+    }
+
+    void markerClickedJustBeforeTheClipIsLeftIsItsOwn() {
+        MarkerSets::init();
+        showPlayable();
+        QTRY_VERIFY(buttonsAreEnabled());
+        QTest::mouseClick(MarkerSets::controller()->buttons().front(), Qt::LeftButton);
+        _fixture->table().deselectAll();
+        QCOMPARE(titles(_fixture->onDisk(u"A#01.xml"_s)).size(), 3);
+        QTest::qWait(1200);
+        QCOMPARE(titles(_fixture->onDisk(u"A#01.xml"_s)).size(), 3);
+    }
 };
 
 QTEST_MAIN(ClipManagerMarkersTest)
