@@ -67,12 +67,18 @@ void ClipManager::clipSelectionChanged() {
     }
     const std::optional<ClipInfo> leaving = currentClip();
     const QString name = _attributes->clipName();
+    // A field that is disabled meanwhile would hand the keyboard on to its neighbour.
+    const QPointer<QWidget> focus = _window->focusWidget();
     unselectClip();
+    const bool wasDisabled = focus && !focus->isEnabled();
     if (leaving) {
         applyName(*leaving, name);
     }
     if (const std::vector<ClipInfo> selected = _clips->selectedClipArray(); selected.size() == 1) {
         selectClip(selected.front());
+    }
+    if (wasDisabled && focus && focus->isEnabled()) {
+        focus->setFocus();
     }
 }
 

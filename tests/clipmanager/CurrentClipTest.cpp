@@ -257,6 +257,26 @@ class CurrentClipTest : public QObject {
         QVERIFY(!_fixture->onDisk(u"A#01.xml"_s).clipScene());
     }
 
+    void theFieldKeepsTheKeyboardWhenAnotherClipIsSelected_data() {
+        QTest::addColumn<QString>("name");
+        for (const char* name : {"_clipNameText", "_clipSceneText", "_clipTakeText", "_ratingPopup"}) {
+            QTest::newRow(name) << QString::fromLatin1(name);
+        }
+    }
+
+    void theFieldKeepsTheKeyboardWhenAnotherClipIsSelected() {
+        QFETCH(const QString, name);
+        _fixture->writeClip(u"A#01.xml"_s);
+        _fixture->writeClip(u"B#01.xml"_s);
+        _fixture->show();
+        _fixture->select(u"A#01.xml"_s);
+        activate();
+        auto& widget = _fixture->outlet<QWidget>(name);
+        widget.setFocus();
+        _fixture->select(u"B#01.xml"_s);
+        QCOMPARE(manager().window()->focusWidget()->objectName(), name);
+    }
+
     void takeThatEndsWhileTypingIsSelectedAndTheTypingIsKept() {
         _fixture->writeClip(u"A#01.xml"_s);
         _fixture->show();
