@@ -20,6 +20,8 @@ struct ClipChangeSet {
     std::vector<ClipInfo> newClips;
     QString actionName;                      ///< title of the undo step, e.g. "connect Clips"
     std::optional<QString> clipFolder = {};  ///< nothing: the folder shown when it is first done
+    /// For undo and redo: what markers the records had that are to be replaced. Element i belongs to clip i.
+    std::vector<std::optional<Array>> markers = {};
 };
 
 }  // namespace marquill

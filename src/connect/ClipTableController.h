@@ -153,6 +153,8 @@ class ClipTableController : public QObject {
     void removeFromTable(const std::vector<ClipInfo>& clips);
     void exchangeClips(const ClipChangeSet& set, const std::vector<ClipInfo>& from,
                        const std::vector<ClipInfo>& to, ChangeSetOperation inverse, const char* notFound);
+    void keepLaterMarkers(const ClipChangeSet& set, const std::vector<ClipInfo>& from,
+                          const std::vector<ClipInfo>& to) const;
     void registerUndo(ClipSetOperation inverse, const ClipSet& set, const QString& actionName);
     void renameFile(const ClipInfo& clip, const QString& folder, const QString& clipName);
     void setAttribute(const ClipInfo& clip, const QString& folder, const QString& key, const Value& value,

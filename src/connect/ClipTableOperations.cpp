@@ -210,6 +210,18 @@ void ClipTableController::undoChangeClipsWithUndo(const ClipChangeSet& set) {
                   "not found in 'undoChangeClipsWithUndo'");
 }
 
+// Markers are changed in steps of their own, which are forgotten with the clip they were shown of: what was
+// marked since is not to go with what is taken back now.
+void ClipTableController::keepLaterMarkers(const ClipChangeSet& set, const std::vector<ClipInfo>& from,
+                                           const std::vector<ClipInfo>& to) const {
+    for (std::size_t i = 0; i < set.markers.size(); ++i) {
+        const std::optional<Array> present = presentRecord(from[i], *set.clipFolder).clipMarkerArray();
+        if (present != set.markers[i]) {
+            ClipInfo(to[i]).setClipMarkerArray(present);
+        }
+    }
+}
+
 // The records stay those of the folder they were changed in: undo in another one would write them over clips
 // that have their names there.
 void ClipTableController::exchangeClips(const ClipChangeSet& set, const std::vector<ClipInfo>& from,
@@ -220,6 +232,8 @@ void ClipTableController::exchangeClips(const ClipChangeSet& set, const std::vec
     }
     ClipChangeSet done = set;
     done.clipFolder = presentFolder(set.clipFolder.value_or(clipFolder().value_or(QString())));
+    keepLaterMarkers(done, from, to);
+    done.markers.clear();
     std::vector<ClipInfo> selected;
     for (std::size_t i = 0; i < from.size(); ++i) {
         if (isShown(*done.clipFolder) && _model.rowOfClip(from[i]) < 0) {
@@ -229,6 +243,8 @@ void ClipTableController::exchangeClips(const ClipChangeSet& set, const std::vec
         if (row >= 0 && _table.selectionModel()->isRowSelected(row)) {
             selected.push_back(to[i]);
         }
+        const std::optional<Array> markers = to[i].clipMarkerArray();
+        done.markers.push_back(markers ? std::optional(markers->deepCopy()) : std::nullopt);
     }
     _writer.write(to, *done.clipFolder);
     if (isShown(*done.clipFolder)) {

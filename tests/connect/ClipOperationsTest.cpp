@@ -299,6 +299,26 @@ class ClipOperationsTest : public QObject {
         QCOMPARE(_t->stored(u"a#01.xml"_s).clipPath(), u"/media/x.mov"_s);
     }
 
+    void markersSetSinceAChangeOutliveItsUndoAndRedo() {
+        _t->showNew({u"a#01.xml"_s});
+        const auto marker = [](const QString& title) { return Dictionary{{u"clipMarkerTitle"_s, title}}; };
+        ClipInfo before = _t->controller->clipArray()[0];
+        before.setClipMarkerArray(Array{marker(u"first"_s)});
+        ClipInfo after = before.deepCopy();
+        after.setClipPath(u"/media/a.mov"_s);
+        _t->controller->changeClipsWithUndo(
+            {.oldClips = {before}, .newClips = {after}, .actionName = u"connect Clip"_s});
+        after.setClipMarkerArray(Array{marker(u"first"_s), marker(u"later"_s)});
+        _t->undo.undo();
+        const auto onDisk = [this] { return *ClipStore::infoForClip(_t->folder.path(u"a#01.xml"_s)); };
+        QVERIFY(!onDisk().clipPath());
+        QCOMPARE(onDisk().clipMarkerArray(), (Array{marker(u"first"_s), marker(u"later"_s)}));
+        before.setClipMarkerArray(Array{marker(u"last"_s)});
+        _t->undo.redo();
+        QCOMPARE(onDisk().clipPath(), u"/media/a.mov"_s);
+        QCOMPARE(onDisk().clipMarkerArray(), Array{marker(u"last"_s)});
+    }
+
     void changeOfUnequalArraysDoesNothing() {
         _t->showNew({u"a#01.xml"_s});
         _t->controller->changeClipsWithUndo(
