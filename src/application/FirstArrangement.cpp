@@ -42,13 +42,14 @@ void arrangeAtFirstStart(QWidget& main, const std::vector<QWidget*>& panels) {
     const QSize room(screen.width() - panelWidth - 3 * margin, screen.height() - titleBar - margin);
     main.resize(mainSize.boundedTo(room).expandedTo(main.minimumSizeHint()));
     main.move(screen.x() + margin, screen.y() + titleBar);
-    // On a screen too narrow for both, the panels, which float above, cover the main window's edge.
-    const int left =
-        qMin(main.x() + main.width() + margin, screen.x() + screen.width() - panelWidth - margin);
+    const int beside = main.x() + main.width() + margin;
     int top = main.y();
     for (QWidget* panel : panels) {
         if (panel) {
-            panel->move(left, top);
+            // On a screen too narrow for both, the panels, which float above, cover the main window's edge, each
+            // as little of it as it can.
+            const int rightmost = screen.x() + screen.width() - panel->width() - margin;
+            panel->move(qMin(beside, rightmost), top);
             top += panel->height() + titleBar + margin;
         }
     }

@@ -61,6 +61,21 @@ std::vector<ShortcutGroup> keysOfCommands(const ActionTable& actions) {
     return groups;
 }
 
+// Where the second half of the lines begins, to the next whole group.
+std::vector<ShortcutGroup>::const_iterator middleOf(const std::vector<ShortcutGroup>& groups) {
+    std::size_t lines = 0;
+    for (const ShortcutGroup& group : groups) {
+        lines += group.shortcuts.size() + 1;
+    }
+    std::size_t linesAbove = 0;
+    auto middle = groups.begin();
+    while (middle != groups.end() && 2 * linesAbove < lines) {
+        linesAbove += middle->shortcuts.size() + 1;
+        ++middle;
+    }
+    return middle;
+}
+
 QLabel* newLabel(const QString& text, bool isStrong) {
     auto* label = new QLabel(text);
     label->setTextFormat(Qt::PlainText);
@@ -100,7 +115,11 @@ KeyboardShortcuts::KeyboardShortcuts(const ActionTable& actions) {
     layout->setContentsMargins(spacing, spacing, spacing, spacing);
     layout->setSizeConstraint(QLayout::SetFixedSize);
     layout->addLayout(columnOfGroups(keysWithoutCommand()));
-    layout->addLayout(columnOfGroups(keysOfCommands(actions)));
+    // In two columns of about the same height: one alone is higher than a small screen.
+    const std::vector<ShortcutGroup> groups = keysOfCommands(actions);
+    const auto middle = middleOf(groups);
+    layout->addLayout(columnOfGroups({groups.begin(), middle}));
+    layout->addLayout(columnOfGroups({middle, groups.end()}));
 }
 
 }  // namespace marquill

@@ -83,14 +83,14 @@ void ClipManager::setUpSplitViews() {
     _clipSplitView->setStretchFactor(0, 1);
     _clipSplitView->setStretchFactor(1, 0);
     _clipSplitView->setSizes({_window->height() - detailHeight, detailHeight});
-    // The picture first, then the texts.
-    constexpr int previewShare = 4;
-    constexpr int textShare = 3;
-    _detailSplitView->setStretchFactor(0, previewShare);
-    _detailSplitView->setStretchFactor(1, textShare);
-    _detailSplitView->setStretchFactor(2, textShare);
+    // The fields need no more than they have; the picture and the five columns of the markers do.
+    constexpr int wideShare = 4;
+    constexpr int fieldShare = 3;
+    _detailSplitView->setStretchFactor(0, wideShare);
+    _detailSplitView->setStretchFactor(1, fieldShare);
+    _detailSplitView->setStretchFactor(2, wideShare);
     _detailSplitView->setSizes(
-        {previewShare * detailHeight, textShare * detailHeight, textShare * detailHeight});
+        {wideShare * detailHeight, fieldShare * detailHeight, wideShare * detailHeight});
     connect(_clipSplitView, &QSplitter::splitterMoved, this, &ClipManager::constrainClipSplit);
 }
 

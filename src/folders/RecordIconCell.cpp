@@ -44,7 +44,7 @@ void RecordIconCell::paint(QPainter* painter, const QStyleOptionViewItem& option
 }
 
 QSize RecordIconCell::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
-    return QStyledItemDelegate::sizeHint(option, index) + QSize(strip(), 0);
+    return {strip() + leftMargin, QStyledItemDelegate::sizeHint(option, index).height()};
 }
 
 void RecordIconCell::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,

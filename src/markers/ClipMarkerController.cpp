@@ -45,11 +45,12 @@ std::vector<TableColumn> tableColumns() {
     const auto column = [](int index, const QString& sample) {
         return TableColumn{index, ClipMarkerModel::identifier(index), sample};
     };
-    return {column(ClipMarkerModel::markerIndex, u"888"_s),
-            column(ClipMarkerModel::markerName, u"Boom in shot"_s),
+    // Together no wider than the list is on a small screen, so that the comment is in sight.
+    return {column(ClipMarkerModel::markerIndex, u"88"_s),
+            column(ClipMarkerModel::markerName, u"Boom in sh"_s),
             column(ClipMarkerModel::markerStart, u"88:88:88"_s),
             column(ClipMarkerModel::markerDuration, u"88:88:888"_s),
-            column(ClipMarkerModel::markerComment, u"The boat enters from the left"_s)};
+            column(ClipMarkerModel::markerComment, u"Comment"_s)};
 }
 
 // Truncated toward zero. The start of a frame, which a marker mostly is, has been divided by the time scale
