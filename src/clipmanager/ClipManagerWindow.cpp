@@ -83,14 +83,15 @@ void ClipManager::setUpSplitViews() {
     _clipSplitView->setStretchFactor(0, 1);
     _clipSplitView->setStretchFactor(1, 0);
     _clipSplitView->setSizes({_window->height() - detailHeight, detailHeight});
-    // The fields need no more than they have; the picture and the five columns of the markers do.
-    constexpr int wideShare = 4;
+    // The five columns of the markers need most, the fields of the clip least.
+    constexpr int previewShare = 4;
     constexpr int fieldShare = 3;
-    _detailSplitView->setStretchFactor(0, wideShare);
+    constexpr int markerShare = 5;
+    _detailSplitView->setStretchFactor(0, previewShare);
     _detailSplitView->setStretchFactor(1, fieldShare);
-    _detailSplitView->setStretchFactor(2, wideShare);
+    _detailSplitView->setStretchFactor(2, markerShare);
     _detailSplitView->setSizes(
-        {wideShare * detailHeight, fieldShare * detailHeight, wideShare * detailHeight});
+        {previewShare * detailHeight, fieldShare * detailHeight, markerShare * detailHeight});
     connect(_clipSplitView, &QSplitter::splitterMoved, this, &ClipManager::constrainClipSplit);
 }
 

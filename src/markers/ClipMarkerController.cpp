@@ -46,8 +46,8 @@ std::vector<TableColumn> tableColumns() {
         return TableColumn{index, ClipMarkerModel::identifier(index), sample};
     };
     // Together no wider than the list is on a small screen, so that the comment is in sight.
-    return {column(ClipMarkerModel::markerIndex, u"88"_s),
-            column(ClipMarkerModel::markerName, u"Boom in sh"_s),
+    return {column(ClipMarkerModel::markerIndex, u"888"_s),
+            column(ClipMarkerModel::markerName, u"Focus soft"_s),
             column(ClipMarkerModel::markerStart, u"88:88:88"_s),
             column(ClipMarkerModel::markerDuration, u"88:88:888"_s),
             column(ClipMarkerModel::markerComment, u"Comment"_s)};
