@@ -45,12 +45,12 @@ std::vector<TableColumn> tableColumns() {
     const auto column = [](int index, const QString& sample) {
         return TableColumn{index, ClipMarkerModel::identifier(index), sample};
     };
-    // Together no wider than the list is on a small screen, so that the comment is in sight.
+    // Together no wider than the list is on a small screen; the last one has what is left of a larger one.
     return {column(ClipMarkerModel::markerIndex, u"888"_s),
             column(ClipMarkerModel::markerName, u"Focus soft"_s),
             column(ClipMarkerModel::markerStart, u"88:88:88"_s),
             column(ClipMarkerModel::markerDuration, u"88:88:888"_s),
-            column(ClipMarkerModel::markerComment, u"Comment"_s)};
+            column(ClipMarkerModel::markerComment, u"88"_s)};
 }
 
 // Truncated toward zero. The start of a frame, which a marker mostly is, has been divided by the time scale

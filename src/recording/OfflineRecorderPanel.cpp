@@ -194,14 +194,13 @@ void OfflineRecorder::showRecordingState(bool recording) {
     _recordButton->setIcon(recording ? _recordActiveImage : _recordNormalImage);
     _recordButton->setToolTip(recording ? u"Stop Recording (Esc)"_s : u"Start Recording (Ctrl+Space)"_s);
     _recordButton->setAccessibleName(recording ? u"Stop Recording"_s : u"Start Recording"_s);
+    _recordState->setText(recording ? u"RECORDING"_s : u"READY"_s);
     for (QWidget* widget : {static_cast<QWidget*>(_panel.get()), static_cast<QWidget*>(_recordState),
                             static_cast<QWidget*>(_shotClock)}) {
         widget->setProperty("recording", recording);
         widget->style()->unpolish(widget);
         widget->style()->polish(widget);
     }
-    // Last, as the room that the word needs is reckoned with the new margins.
-    _recordState->setText(recording ? u"RECORDING"_s : u"READY"_s);
 }
 
 void OfflineRecorder::startStopButtonPressed() {

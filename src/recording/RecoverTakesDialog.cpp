@@ -72,7 +72,12 @@ Result<void> RecoverTakesDialog::load(QWidget* parent) {
     if (Result<void> complete = outlets.check(); !complete) {
         return complete;
     }
+    // The name has what the other columns leave; none of their titles is longer than the narrowest.
+    constexpr int narrowest = 72;
+    _takeList->header()->setMinimumSectionSize(narrowest);
+    _takeList->header()->setStretchLastSection(false);
     _takeList->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    _takeList->header()->setSectionResizeMode(nameColumn, QHeaderView::Stretch);
     connect(_takeList, &QTreeWidget::itemSelectionChanged, this, &RecoverTakesDialog::selectionChanged);
     connect(_recoverButton, &QPushButton::clicked, this, &RecoverTakesDialog::recoverSelected);
     connect(_discardButton, &QPushButton::clicked, this, &RecoverTakesDialog::discardSelected);
