@@ -75,7 +75,7 @@ void ClipManager::buildToolbar() {
 }
 
 void ClipManager::setUpSplitViews() {
-    constexpr int folderListWidth = 168;
+    constexpr int folderListWidth = 152;
     constexpr int detailHeight = 288;
     _folderSplitView->setStretchFactor(0, 0);
     _folderSplitView->setStretchFactor(1, 1);
@@ -84,9 +84,9 @@ void ClipManager::setUpSplitViews() {
     _clipSplitView->setStretchFactor(1, 0);
     _clipSplitView->setSizes({_window->height() - detailHeight, detailHeight});
     // The five columns of the markers need most, the fields of the clip least.
-    constexpr int previewShare = 4;
-    constexpr int fieldShare = 3;
-    constexpr int markerShare = 5;
+    constexpr int previewShare = 3;
+    constexpr int fieldShare = 2;
+    constexpr int markerShare = 4;
     _detailSplitView->setStretchFactor(0, previewShare);
     _detailSplitView->setStretchFactor(1, fieldShare);
     _detailSplitView->setStretchFactor(2, markerShare);
