@@ -28,7 +28,7 @@ constexpr std::array firstColumns = {
     FirstColumn{ClipTableModel::file, u"A001_C002_0512AB"},
     FirstColumn{ClipTableModel::creationdate, u"88/88/8888 88:88:88"},
     FirstColumn{ClipTableModel::filesize, u"88888 MB"},
-    FirstColumn{ClipTableModel::comment, u"The boat enters from the left"},
+    FirstColumn{ClipTableModel::comment, u"The boat enters"},
 };
 static_assert(firstColumns.size() == ClipTableModel::columnCountOfTable);
 
