@@ -46,8 +46,8 @@ void arrangeAtFirstStart(QWidget& main, const std::vector<QWidget*>& panels) {
     int top = main.y();
     for (QWidget* panel : panels) {
         if (panel) {
-            // On a screen too narrow for both, the panels, which float above, cover the main window's edge, each
-            // as little of it as it can.
+            // On a screen too narrow for both, the panels, which float above, cover the main window's edge,
+            // each as little of it as it can.
             const int rightmost = screen.x() + screen.width() - panel->width() - margin;
             panel->move(qMin(beside, rightmost), top);
             top += panel->height() + titleBar + margin;
