@@ -54,7 +54,7 @@ def texts_of_program(root):
 
 def pattern_of(text):
     """What a text becomes when its places are filled; a text may also be the beginning of one."""
-    return re.compile(re.sub(r"%\d", ".+", re.escape(text.strip()).replace("\\%", "%")) + r"( ?…)?$")
+    return re.compile(re.sub(r"%\d", ".*", re.escape(text.strip()).replace("\\%", "%")) + r"( ?…)?$")
 
 
 def wrong_quotes(document, patterns):
