@@ -183,7 +183,10 @@ bool Application::isUndoOfNoTyping(const QKeyEvent& event) const {
 
 bool Application::takesGlobalKey(const QKeyEvent& event) const {
     const bool starts = GlobalKeys::startsRecording(event) && !OfflineRecorder::isRecording();
-    return starts || GlobalKeys::isEscape(event) || GlobalKeys::markerDigit(event);
+    // Without a take to stop, Escape closes an open menu; windows never see it.
+    const bool escapes =
+        GlobalKeys::isEscape(event) && (OfflineRecorder::isRecording() || !QApplication::activePopupWidget());
+    return starts || escapes || GlobalKeys::markerDigit(event);
 }
 
 // Carries out a global key; false when the key is none.

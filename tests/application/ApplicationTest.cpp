@@ -334,6 +334,14 @@ class ApplicationTest : public QObject {
         menu->hide();
     }
 
+    void escapeClosesAMenuWhileIdle() {
+        QMenu* menu = mainWindow().menuBar()->actions().first()->menu();
+        menu->popup(QPoint());
+        QTRY_COMPARE(QApplication::activePopupWidget(), menu);
+        press(mainWindow(), Qt::Key_Escape);
+        QVERIFY(!menu->isVisible());
+    }
+
     void keysOfTheRecorderPanelGoToTheRecorder() {
         FloatingPanel& panel = *OfflineRecorder::window();
         QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
