@@ -226,10 +226,23 @@ class UndoneClips {
         }
     }
 
-    static void settle(State& state, const ClipInfo& left) {
+    // Undo gives a clip the record it had, which is another one: the clip is the same. Every record is kept,
+    // or a new one could get its identity.
+    int clipOf(const ClipInfo& record) {
+        for (const auto& [known, clip] : _clipsOfRecords) {
+            if (known.isSame(record)) {
+                return clip;
+            }
+        }
+        const int clip = static_cast<int>(_clipsOfRecords.size());
+        _clipsOfRecords.emplace_back(record, clip);
+        return clip;
+    }
+
+    void settle(State& state, const ClipInfo& left) {
         const Value* markers = left.record().find(u"clipMarkerArray"_s);
         for (const auto& [name, clip] : state.clips.asKeyValueRange()) {
-            if (clip.isSame(left)) {
+            if (clipOf(clip) == clipOf(left)) {
                 state.files[name] =
                     ordered(withMarkers(state.files[name], markers ? std::optional(*markers) : std::nullopt));
             }
@@ -452,6 +465,7 @@ class UndoneClips {
             changed.setClipPath(connects ? std::optional(u"/media/%1.mov"_s.arg(deed.place)) : std::nullopt);
             changed.setClipProxyType(connects ? std::optional(u"clipTypeQT"_s) : std::nullopt);
             set.newClips.push_back(changed);
+            _clipsOfRecords.emplace_back(changed, clipOf(clip));
         }
         table().changeClipsWithUndo(set);
         return !set.oldClips.empty();
@@ -463,6 +477,7 @@ class UndoneClips {
     std::vector<Step> _redo;
     State _now;
     bool _wasLeft = false;
+    std::vector<std::pair<ClipInfo, int>> _clipsOfRecords;
     int _names = 0;
     int _stepsDone = 0;
 };

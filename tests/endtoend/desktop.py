@@ -38,7 +38,7 @@ class Desktop:
         self.environment.pop("QT_SCALE_FACTOR", None)
         if self.scale:
             self.environment["QT_SCALE_FACTOR"] = str(self.scale)
-        self._start(["openbox", "--sm-disable"], env=self.environment)
+        self._start_window_manager()
         if self.launch:
             self.start_marquill()
         return self
@@ -59,6 +59,20 @@ class Desktop:
                                    stderr=options.pop("stderr", subprocess.DEVNULL), **options)
         self.processes.append(process)
         return process
+
+    def _start_window_manager(self):
+        """One that came up too early on a busy machine ends at once, and windows would take no keyboard."""
+        for _ in range(5):
+            manager = self._start(["openbox", "--sm-disable"], env=self.environment)
+            end = time.time() + 5
+            while manager.poll() is None and time.time() < end:
+                root = subprocess.run(["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"], env=self.environment, text=True,
+                                      capture_output=True)
+                if "window id" in root.stdout:
+                    return
+                time.sleep(0.05)
+            manager.terminate()
+        raise RuntimeError("openbox did not start")
 
     def start_marquill(self, *arguments):
         command = [self.program, "--settings", str(self.settings), *arguments]
