@@ -100,7 +100,14 @@ OfflineRecorder::OfflineRecorder(RecordingDestination& destination, const QStrin
     connect(&_heartbeat, &QTimer::timeout, this, &OfflineRecorder::heartbeat);
 }
 
-OfflineRecorder::~OfflineRecorder() = default;
+OfflineRecorder::~OfflineRecorder() {
+    // A field that loses the keyboard with its panel has nobody left to tell.
+    for (QLineEdit* field : {_defaultClipName, _defaultSceneName}) {
+        if (field) {
+            field->disconnect(this);
+        }
+    }
+}
 
 void OfflineRecorder::start(std::optional<Date> moment) {
     if (_isRecording) {
