@@ -7,6 +7,7 @@
 #include "clipstore/ClipInfo.h"
 #include "platform/ProgressSheet.h"
 
+#include <QDialog>
 #include <QPointer>
 
 #include <vector>

@@ -5,12 +5,12 @@
 #include "platform/Error.h"
 #include "recording/TakeRecovery.h"
 
+#include <QDialog>
 #include <QObject>
 #include <QPointer>
 
 #include <memory>
 
-class QDialog;
 class QPushButton;
 class QTreeWidget;
 
