@@ -160,7 +160,7 @@ std::optional<Marker> ClipMarkerModel::removeEqual(const Marker& marker) {
         std::iter_swap(first, itself);
     }
     const auto row = first - _markers.begin();
-    const Marker gone = *first;
+    std::optional<Marker> gone(*first);
     beginRemoveRows({}, static_cast<int>(row), static_cast<int>(row));
     _markers.erase(first);
     _arrivals.erase(_arrivals.begin() + row);

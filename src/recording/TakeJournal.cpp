@@ -130,7 +130,7 @@ class TakeJournal::Writer {
     }
 
     template <class Message>
-    void post(Message message) {
+    void post(const Message& message) {
         const std::scoped_lock lock(_work->mutex);
         if (TakeJournal* const receiver = _work->receiver) {
             QMetaObject::invokeMethod(
