@@ -1,6 +1,7 @@
 #include "folders/LabelTableController.h"
 
 #include "clipstore/Notifications.h"
+#include "platform/CommandButton.h"
 #include "platform/EmptyHint.h"
 #include "platform/TableView.h"
 #include "platform/UndoManager.h"
@@ -26,11 +27,6 @@ const QString undo = u"undo"_s;
 const QString redo = u"redo"_s;
 }  // namespace id
 
-QString toolTipOf(const QAction& command) {
-    const QString shortcut = command.shortcut().toString(QKeySequence::NativeText);
-    return shortcut.isEmpty() ? command.text() : u"%1 (%2)"_s.arg(command.text(), shortcut);
-}
-
 }  // namespace
 
 LabelTableController::LabelTableController(const LabelTableWidgets& widgets, UndoManager& undoManager,
@@ -38,10 +34,10 @@ LabelTableController::LabelTableController(const LabelTableWidgets& widgets, Und
     : QObject(parent), _table(widgets.table), _undoManager(undoManager) {
     buildCommands();
     wireTable();
-    bind(widgets.addButton, id::addLabelItem);
-    bind(widgets.deleteButton, id::deleteLabelItem);
-    bind(widgets.undoButton, id::undo);
-    bind(widgets.redoButton, id::redo);
+    bindButton(widgets.addButton, *command(id::addLabelItem));
+    bindButton(widgets.deleteButton, *command(id::deleteLabelItem));
+    bindButton(widgets.undoButton, *command(id::undo));
+    bindButton(widgets.redoButton, *command(id::redo));
     connect(&_undoManager, &UndoManager::changed, this, &LabelTableController::undoManagerDidChange);
     connect(&_model, &LabelTableModel::labelEntered, this,
             [this](int row, const QString& text) { setItemName({.label = text, .index = row}); });
@@ -109,17 +105,6 @@ void LabelTableController::buildCommands() {
 
 QAction* LabelTableController::command(const QString& id) const {
     return findChild<QAction*>(id, Qt::FindDirectChildrenOnly);
-}
-
-void LabelTableController::bind(QPushButton& button, const QString& id) {
-    QAction* action = command(id);
-    connect(&button, &QPushButton::clicked, action, &QAction::trigger);
-    const auto follow = [&button, action] {
-        button.setEnabled(action->isEnabled());
-        button.setToolTip(toolTipOf(*action));
-    };
-    connect(action, &QAction::changed, &button, follow);
-    follow();
 }
 
 void LabelTableController::setLabelItems(const QStringList& labels) {

@@ -70,7 +70,6 @@ class LabelTableController : public QObject {
     void wireTable();
     void buildCommands();
     QAction* command(const QString& id) const;
-    void bind(QPushButton& button, const QString& id);
     void undo();
     void redo();
     void editSelected();

@@ -1,6 +1,7 @@
 #include "markers/MarkerSetEditTableController.h"
 
 #include "markers/MarkerSetStore.h"
+#include "platform/CommandButton.h"
 #include "platform/Dialogs.h"
 #include "platform/TableView.h"
 #include "platform/UndoManager.h"
@@ -28,11 +29,6 @@ const QString undo = u"undo"_s;
 const QString redo = u"redo"_s;
 }  // namespace id
 
-QString toolTipOf(const QAction& command) {
-    const QString shortcut = command.shortcut().toString(QKeySequence::NativeText);
-    return shortcut.isEmpty() ? command.text() : u"%1 (%2)"_s.arg(command.text(), shortcut);
-}
-
 }  // namespace
 
 MarkerSetEditTableController::MarkerSetEditTableController(const MarkerSetEditTableWidgets& widgets,
@@ -40,11 +36,11 @@ MarkerSetEditTableController::MarkerSetEditTableController(const MarkerSetEditTa
     : QObject(parent), _tableView(widgets.table), _undoManager(undoManager) {
     buildCommands();
     wireTable();
-    bind(widgets.addItemButton, id::addItem);
-    bind(widgets.duplicateItemButton, id::duplicateItem);
-    bind(widgets.deleteItemButton, id::deleteItem);
-    bind(widgets.undoButton, id::undo);
-    bind(widgets.redoButton, id::redo);
+    bindButton(widgets.addItemButton, *command(id::addItem));
+    bindButton(widgets.duplicateItemButton, *command(id::duplicateItem));
+    bindButton(widgets.deleteItemButton, *command(id::deleteItem));
+    bindButton(widgets.undoButton, *command(id::undo));
+    bindButton(widgets.redoButton, *command(id::redo));
     connect(&_undoManager, &UndoManager::changed, this, &MarkerSetEditTableController::undoManagerDidChange);
     connect(&_model, &MarkerSetEditTableModel::titleEntered, this, [this](int row, const QString& title) {
         if (const std::optional<MarkerSet> item = _model.itemAt(row)) {
@@ -118,17 +114,6 @@ void MarkerSetEditTableController::buildCommands() {
 
 QAction* MarkerSetEditTableController::command(const QString& id) const {
     return findChild<QAction*>(id, Qt::FindDirectChildrenOnly);
-}
-
-void MarkerSetEditTableController::bind(QPushButton& button, const QString& id) {
-    QAction* action = command(id);
-    connect(&button, &QPushButton::clicked, action, &QAction::trigger);
-    const auto follow = [&button, action] {
-        button.setEnabled(action->isEnabled());
-        button.setToolTip(toolTipOf(*action));
-    };
-    connect(action, &QAction::changed, &button, follow);
-    follow();
 }
 
 void MarkerSetEditTableController::setMarkerSetArray(const Array& sets) {
