@@ -12,8 +12,6 @@ constexpr auto objectPath = "/org/freedesktop/portal/desktop"_L1;
 constexpr auto interface = "org.freedesktop.portal.Settings"_L1;
 constexpr auto appearance = "org.freedesktop.appearance"_L1;
 constexpr auto colourSchemeKey = "color-scheme"_L1;
-// A portal that is still starting must not hold up the first window; its signal catches up.
-constexpr int answerWithinMilliseconds = 300;
 
 // Older portals wrap the value once more than newer ones.
 QVariant unwrapped(QVariant value) {
@@ -37,7 +35,8 @@ ColourScheme schemeFromPortal(const QVariant& value) {
 
 }  // namespace
 
-SystemColourScheme::SystemColourScheme(QDBusConnection bus, const QString& service) {
+SystemColourScheme::SystemColourScheme(QDBusConnection bus, const QString& service,
+                                       std::chrono::milliseconds patience) {
     if (!bus.isConnected()) {
         return;
     }
@@ -45,7 +44,7 @@ SystemColourScheme::SystemColourScheme(QDBusConnection bus, const QString& servi
                 SLOT(settingChanged(QString, QString, QDBusVariant)));
     QDBusMessage question = QDBusMessage::createMethodCall(service, objectPath, interface, u"Read"_s);
     question << QString(appearance) << QString(colourSchemeKey);
-    const QDBusMessage answer = bus.call(question, QDBus::Block, answerWithinMilliseconds);
+    const QDBusMessage answer = bus.call(question, QDBus::Block, static_cast<int>(patience.count()));
     if (answer.type() == QDBusMessage::ReplyMessage && !answer.arguments().isEmpty()) {
         _scheme = schemeFromPortal(answer.arguments().constFirst());
     } else {

@@ -8,6 +8,7 @@
 #include <QDBusVariant>
 #include <QObject>
 
+#include <chrono>
 #include <functional>
 
 namespace marquill {
@@ -18,10 +19,14 @@ class SystemColourScheme : public QObject {
     Q_OBJECT
 
   public:
-    /// Asks the portal on `bus`, waiting for its answer for a fraction of a second. Without a bus or a portal
-    /// there is no preference.
+    /// A portal that is still starting must not hold up the first window; its signal catches up.
+    static constexpr std::chrono::milliseconds usualPatience{300};
+
+    /// Asks the portal on `bus`, waiting for its answer for `patience`. Without a bus or a portal there is no
+    /// preference.
     explicit SystemColourScheme(QDBusConnection bus = QDBusConnection::sessionBus(),
-                                const QString& service = u"org.freedesktop.portal.Desktop"_s);
+                                const QString& service = u"org.freedesktop.portal.Desktop"_s,
+                                std::chrono::milliseconds patience = usualPatience);
 
     ColourScheme scheme() const { return _scheme; }
 

@@ -17,6 +17,7 @@
 #include <optional>
 
 using namespace marquill;
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -300,14 +301,15 @@ void ThemeTest::portalTellsTheScheme() {
     QTRY_VERIFY(connection.isReady());
     connection.portal().scheme = number;
     connection.portal().wrapsTwice = wrapsTwice;
-    const SystemColourScheme system(connection.bus(), QString());
+    // Longer than the program waits: a busy machine may take its time to answer.
+    const SystemColourScheme system(connection.bus(), QString(), 20s);
     QTEST(system.scheme(), "scheme");
 }
 
 void ThemeTest::portalIsFollowedLive() {
     PortalConnection connection;
     QTRY_VERIFY(connection.isReady());
-    SystemColourScheme system(connection.bus(), QString());
+    SystemColourScheme system(connection.bus(), QString(), 20s);
     int changes = 0;
     system.schemeHasChanged = [&] { ++changes; };
     connection.announce(u"org.freedesktop.appearance"_s, u"color-scheme"_s, 1);
@@ -320,7 +322,7 @@ void ThemeTest::portalIsFollowedLive() {
 void ThemeTest::otherSettingsOfThePortalAreIgnored() {
     PortalConnection connection;
     QTRY_VERIFY(connection.isReady());
-    SystemColourScheme system(connection.bus(), QString());
+    SystemColourScheme system(connection.bus(), QString(), 20s);
     int changes = 0;
     system.schemeHasChanged = [&] { ++changes; };
     connection.announce(u"org.freedesktop.appearance"_s, u"accent-color"_s, 1);
