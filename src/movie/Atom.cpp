@@ -1,5 +1,6 @@
 #include "movie/Atom.h"
 
+#include <QCoreApplication>
 #include <QtEndian>
 
 #include <algorithm>
@@ -11,7 +12,9 @@ namespace {
 
 std::unexpected<Error> impossibleSize(const AtomHeader& header, quint64 size) {
     return failure(ErrorCode::malformed,
-                   u"An atom of type '%1' has the impossible size %2."_s.arg(header.type.text()).arg(size),
+                   QCoreApplication::translate("Atom", "An atom of type '%1' has the impossible size %2.")
+                       .arg(header.type.text())
+                       .arg(size),
                    {}, header.offset);
 }
 
@@ -23,7 +26,9 @@ Result<AtomHeader> readAtomHeader(QByteArrayView bytes, qint64 offset, qint64 en
     const auto shortSize = bytes.size() < 8 ? quint32{0} : qFromBigEndian<quint32>(bytes.data());
     quint64 size = shortSize;
     if (bytes.size() < (shortSize == 1 ? 16 : 8)) {
-        return failure(ErrorCode::endsEarly, u"The file ends within the header of an atom."_s, {}, offset);
+        return failure(ErrorCode::endsEarly,
+                       QCoreApplication::translate("Atom", "The file ends within the header of an atom."), {},
+                       offset);
     }
     header.type = FourCharCode(qFromBigEndian<quint32>(bytes.data() + 4));
     if (shortSize == 1) {
@@ -49,12 +54,13 @@ QByteArray atomHeaderBytes(FourCharCode type, quint32 size) {
 }
 
 QString inAtom(FourCharCode type, const QString& message) {
-    return u"In the atom '%1': %2"_s.arg(type.text(), message);
+    return QCoreApplication::translate("Atom", "In the atom '%1': %2").arg(type.text(), message);
 }
 
 void VersionAndFlags::check(AtomStream& stream, quint8 newest) const {
     if (version > newest) {
-        stream.fail(ErrorCode::unsupported, u"Version %1 is not known."_s.arg(version));
+        stream.fail(ErrorCode::unsupported,
+                    QCoreApplication::translate("Atom", "Version %1 is not known.").arg(version));
     }
 }
 
@@ -71,7 +77,8 @@ void RawAtom::transfer(AtomStream& stream) {
     }
     const quint64 headerSize = hasLongSize ? 16 : 8;
     if (total < headerSize || total - headerSize > std::numeric_limits<qint64>::max()) {
-        stream.fail(ErrorCode::malformed, u"An atom has the impossible size %1."_s.arg(total));
+        stream.fail(ErrorCode::malformed,
+                    QCoreApplication::translate("Atom", "An atom has the impossible size %1.").arg(total));
         return;
     }
     stream.transferBytes(body, static_cast<qint64>(total - headerSize));

@@ -1,5 +1,7 @@
 #include "movie/AtomStream.h"
 
+#include <QCoreApplication>
+
 namespace marquill {
 
 void AtomStream::transfer(FourCharCode& code) {
@@ -15,7 +17,9 @@ void AtomStream::transferOtherwise(quint64& value, int byteCount) {
     }
     if (_reads) {
         fail(ErrorCode::endsEarly,
-             u"A field of %1 bytes is cut off after %2."_s.arg(byteCount).arg(remaining()));
+             QCoreApplication::translate("AtomStream", "A field of %1 bytes is cut off after %2.")
+                 .arg(byteCount)
+                 .arg(remaining()));
         value = 0;
         return;
     }
@@ -39,7 +43,10 @@ void AtomStream::transferBytes(QByteArray& bytes, qint64 count) {
         return;
     }
     if (count < 0 || count > remaining()) {
-        fail(ErrorCode::malformed, u"%1 bytes are announced, and %2 remain."_s.arg(count).arg(remaining()));
+        fail(ErrorCode::malformed,
+             QCoreApplication::translate("AtomStream", "%1 bytes are announced, and %2 remain.")
+                 .arg(count)
+                 .arg(remaining()));
         return;
     }
     bytes = _source.sliced(_position, count).toByteArray();
@@ -52,14 +59,20 @@ bool AtomStream::startList(quint64 count, qint64 elementSize, std::size_t listSi
     }
     if (!_reads) {
         if (count != listSize) {
-            fail(ErrorCode::malformed, u"A list of %1 elements announces %2."_s.arg(listSize).arg(count));
+            fail(ErrorCode::malformed,
+                 QCoreApplication::translate("AtomStream", "A list of %1 elements announces %2.")
+                     .arg(listSize)
+                     .arg(count));
         }
         return count == listSize;
     }
     if (count > static_cast<quint64>(remaining() / elementSize)) {
-        fail(ErrorCode::malformed, u"%1 entries of %2 bytes are announced, and %3 bytes remain."_s.arg(count)
-                                       .arg(elementSize)
-                                       .arg(remaining()));
+        fail(ErrorCode::malformed,
+             QCoreApplication::translate("AtomStream",
+                                         "%1 entries of %2 bytes are announced, and %3 bytes remain.")
+                 .arg(count)
+                 .arg(elementSize)
+                 .arg(remaining()));
         return false;
     }
     return true;

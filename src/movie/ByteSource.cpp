@@ -1,5 +1,7 @@
 #include "movie/ByteSource.h"
 
+#include <QCoreApplication>
+
 namespace marquill {
 
 namespace {
@@ -41,9 +43,12 @@ Result<QByteArrayView> ByteSource::upTo(qint64 offset, qint64 length) {
 Result<QByteArrayView> ByteSource::exactly(qint64 offset, qint64 length) {
     Result<QByteArrayView> bytes = upTo(offset, length);
     if (bytes && bytes->size() < length) {
-        return failure(ErrorCode::endsEarly,
-                       u"%1 bytes are needed here, and %2 are there."_s.arg(length).arg(bytes->size()), {},
-                       fileOffset(offset));
+        return failure(
+            ErrorCode::endsEarly,
+            QCoreApplication::translate("ByteSource", "%1 bytes are needed here, and %2 are there.")
+                .arg(length)
+                .arg(bytes->size()),
+            {}, fileOffset(offset));
     }
     return bytes;
 }

@@ -5,6 +5,8 @@
 #include "movie/Atom.h"
 #include "platform/FileSystem.h"
 
+#include <QCoreApplication>
+
 namespace marquill {
 
 class ByteSource {
@@ -61,7 +63,9 @@ Result<void> forEachAtom(ByteSource& source, qint64 begin, qint64 end, Visit vis
         }
         if (header->size > end - offset) {
             return failure(ErrorCode::malformed,
-                           u"An atom of type '%1' is larger than what holds it."_s.arg(header->type.text()),
+                           QCoreApplication::translate("ByteSource",
+                                                       "An atom of type '%1' is larger than what holds it.")
+                               .arg(header->type.text()),
                            {}, source.fileOffset(offset));
         }
         if (Result<void> visited = visit(*header); !visited) {

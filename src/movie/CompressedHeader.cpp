@@ -2,6 +2,8 @@
 
 #include "movie/HeaderAtoms.h"
 
+#include <QCoreApplication>
+
 #include <zlib.h>
 
 namespace marquill {
@@ -14,12 +16,18 @@ constexpr qint64 largestRatio = 1032;
 Result<QByteArray> inflated(const CompressedMovieDataAtom& atom, qint64 offset) {
     const qint64 size = atom.inflatedSize;
     if (size > maximumInflatedSize) {
-        return failure(ErrorCode::unsupported, u"The compressed header is too large (%1 bytes)."_s.arg(size),
-                       {}, offset);
+        return failure(
+            ErrorCode::unsupported,
+            QCoreApplication::translate("CompressedHeader", "The compressed header is too large (%1 bytes).")
+                .arg(size),
+            {}, offset);
     }
     if (size < 8 || size > atom.data.size() * largestRatio) {
-        return failure(ErrorCode::malformed, u"The compressed header cannot hold %1 bytes."_s.arg(size), {},
-                       offset);
+        return failure(
+            ErrorCode::malformed,
+            QCoreApplication::translate("CompressedHeader", "The compressed header cannot hold %1 bytes.")
+                .arg(size),
+            {}, offset);
     }
     QByteArray bytes(size, Qt::Uninitialized);
     auto written = static_cast<uLongf>(size);
@@ -27,7 +35,10 @@ Result<QByteArray> inflated(const CompressedMovieDataAtom& atom, qint64 offset) 
                                   reinterpret_cast<const Bytef*>(atom.data.constData()),
                                   static_cast<uLong>(atom.data.size()));
     if (status != Z_OK || written != static_cast<uLongf>(size)) {
-        return failure(ErrorCode::malformed, u"The compressed header does not inflate."_s, {}, offset);
+        return failure(
+            ErrorCode::malformed,
+            QCoreApplication::translate("CompressedHeader", "The compressed header does not inflate."), {},
+            offset);
     }
     return bytes;
 }
@@ -50,7 +61,10 @@ Result<QByteArray> inflateHeader(ByteSource& source, const AtomHeader& cmov) {
         return std::unexpected(walked.error());
     }
     if (!dcom || !cmvd) {
-        return failure(ErrorCode::malformed, u"The compressed header is not complete."_s, {}, cmov.offset);
+        return failure(
+            ErrorCode::malformed,
+            QCoreApplication::translate("CompressedHeader", "The compressed header is not complete."), {},
+            cmov.offset);
     }
     const auto compression = source.atom<DataCompressionAtom>(*dcom, 4);
     if (!compression) {
@@ -58,8 +72,9 @@ Result<QByteArray> inflateHeader(ByteSource& source, const AtomHeader& cmov) {
     }
     if (compression->algorithm != FourCharCode("zlib")) {
         return failure(ErrorCode::unsupported,
-                       u"The header is compressed with '%1'."_s.arg(compression->algorithm.text()), {},
-                       dcom->offset);
+                       QCoreApplication::translate("CompressedHeader", "The header is compressed with '%1'.")
+                           .arg(compression->algorithm.text()),
+                       {}, dcom->offset);
     }
     const auto data = source.atom<CompressedMovieDataAtom>(*cmvd, cmvd->bodySize());
     if (!data) {

@@ -1,5 +1,7 @@
 #include "movie/MediaSamples.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 namespace marquill {
@@ -7,8 +9,10 @@ namespace marquill {
 namespace {
 
 std::unexpected<Error> tooManySamples() {
-    return failure(ErrorCode::unsupported,
-                   u"The movie has more samples than are handled (%1)."_s.arg(maximumSamples));
+    return failure(
+        ErrorCode::unsupported,
+        QCoreApplication::translate("MediaSamples", "The movie has more samples than are handled (%1).")
+            .arg(maximumSamples));
 }
 
 /// Decode times, to which presentation offsets are added one after the other.

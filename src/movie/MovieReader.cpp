@@ -6,6 +6,8 @@
 #include "movie/TrackReader.h"
 #include "platform/Log.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <cmath>
 
@@ -60,8 +62,10 @@ Result<void> MovieReader::read() {
         return header;
     }
     if (!_hasMovieHeader && !_facts.referenceMovie) {
-        return failure(ErrorCode::malformed, u"The movie header says neither duration nor time scale."_s, {},
-                       moov->offset);
+        return failure(
+            ErrorCode::malformed,
+            QCoreApplication::translate("Movie", "The movie header says neither duration nor time scale."),
+            {}, moov->offset);
     }
     for (Track& track : _facts.tracks) {
         track.rotation = (track.rotation + _movieRotation) % 360;
@@ -85,10 +89,12 @@ Result<AtomHeader> MovieReader::findHeader() {
             if (atom.type == movieType) {
                 moov = atom;
             } else if (atom.size > _source.size() - atom.offset) {
-                return failure(ErrorCode::endsEarly,
-                               u"The file ends within an atom of type '%1', before the movie header."_s.arg(
-                                   atom.type.text()),
-                               {}, atom.offset);
+                return failure(
+                    ErrorCode::endsEarly,
+                    QCoreApplication::translate(
+                        "Movie", "The file ends within an atom of type '%1', before the movie header.")
+                        .arg(atom.type.text()),
+                    {}, atom.offset);
             }
             return !moov;
         });
@@ -96,10 +102,14 @@ Result<AtomHeader> MovieReader::findHeader() {
         return std::unexpected(searched.error());
     }
     if (!moov) {
-        return failure(ErrorCode::endsEarly, u"The file has no movie header ('moov')."_s, {}, _source.size());
+        return failure(ErrorCode::endsEarly,
+                       QCoreApplication::translate("Movie", "The file has no movie header ('moov')."), {},
+                       _source.size());
     }
     if (moov->size > _source.size() - moov->offset) {
-        return failure(ErrorCode::endsEarly, u"The file ends within the movie header."_s, {}, moov->offset);
+        return failure(ErrorCode::endsEarly,
+                       QCoreApplication::translate("Movie", "The file ends within the movie header."), {},
+                       moov->offset);
     }
     _facts.header = {
         .offset = moov->offset, .size = moov->size, .compressed = false, .beforeMedia = !mediaSeen};
@@ -158,8 +168,9 @@ Result<void> MovieReader::readCompressedHeader(ByteSource& source, const AtomHea
         return std::unexpected(moov.error());
     }
     if (moov->type != movieType || moov->size > inflated.size()) {
-        return failure(ErrorCode::malformed, u"The compressed header holds no movie header."_s, {},
-                       cmov.offset);
+        return failure(ErrorCode::malformed,
+                       QCoreApplication::translate("Movie", "The compressed header holds no movie header."),
+                       {}, cmov.offset);
     }
     return readHeader(inflated, *moov);
 }
@@ -167,8 +178,9 @@ Result<void> MovieReader::readCompressedHeader(ByteSource& source, const AtomHea
 Result<void> MovieReader::readUserData(ByteSource& source, const AtomHeader& atom) {
     if (atom.bodySize() > maximumUserData) {
         return failure(ErrorCode::unsupported,
-                       u"The movie's user data are too large (%1 bytes)."_s.arg(atom.bodySize()), {},
-                       source.fileOffset(atom.offset));
+                       QCoreApplication::translate("Movie", "The movie's user data are too large (%1 bytes).")
+                           .arg(atom.bodySize()),
+                       {}, source.fileOffset(atom.offset));
     }
     Result<UserData> userData = source.atom<UserData>(atom, atom.bodySize());
     if (!userData) {

@@ -4,6 +4,8 @@
 #include "movie/ByteSource.h"
 #include "movie/Movie.h"
 
+#include <QCoreApplication>
+
 namespace marquill {
 
 /// The most atoms that one movie may have at its top level.
@@ -25,7 +27,8 @@ Result<void> forEachTopLevelAtom(ByteSource& source, qint64 offset, Visit visit)
             return std::unexpected(header.error());
         }
         if (count == maximumTopLevelAtoms) {
-            return failure(ErrorCode::malformed, u"The file has too many atoms."_s, {}, offset);
+            return failure(ErrorCode::malformed,
+                           QCoreApplication::translate("Movie", "The file has too many atoms."), {}, offset);
         }
         const Result<bool> goesOn = visit(*header);
         if (!goesOn) {

@@ -4,6 +4,8 @@
 #include "movie/MovieReader.h"
 #include "movie/UpdatePlan.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 namespace marquill {
@@ -79,7 +81,8 @@ Result<void> MovieUpdate::run(const UserData& userData) {
     }
     if ((atoms->find(UserData::type) != nullptr) != _movie.userData().has_value()) {
         return failure(ErrorCode::changedMeanwhile,
-                       u"The movie header is not what it was; read the movie again."_s);
+                       QCoreApplication::translate(
+                           "Movie", "The movie header is not what it was; read the movie again."));
     }
     const Result<UpdatePlan> plan = planUpdate(*layout, contentOf(*std::move(atoms), userData));
     if (!plan) {
@@ -100,7 +103,8 @@ Result<void> MovieUpdate::checkUnchanged() {
         }
         if (FileIdentity::of(*attributes) != _movie.identity()) {
             return failure(ErrorCode::changedMeanwhile,
-                           u"Another program has changed the movie; read it again."_s);
+                           QCoreApplication::translate(
+                               "Movie", "Another program has changed the movie; read it again."));
         }
     }
     return {};
@@ -120,7 +124,8 @@ Result<FileLayout> MovieUpdate::readLayout() {
     }
     if (layout.header.offset != _movie.header().offset || layout.header.size != _movie.header().size) {
         return failure(ErrorCode::changedMeanwhile,
-                       u"The movie header is not where it was; read the movie again."_s);
+                       QCoreApplication::translate(
+                           "Movie", "The movie header is not where it was; read the movie again."));
     }
     const qint64 end = layout.atoms.back().end();
     if (end < layout.fileSize) {
@@ -146,15 +151,19 @@ Result<void> MovieUpdate::noteAtom(FileLayout& layout, const AtomHeader& atom) {
     } else if (!layout.second && atom.end() <= layout.fileSize) {
         layout.second = atom;
     } else {
-        return failure(ErrorCode::unsupported, u"The file has too many movie headers."_s, {}, atom.offset);
+        return failure(ErrorCode::unsupported,
+                       QCoreApplication::translate("Movie", "The file has too many movie headers."), {},
+                       atom.offset);
     }
     return {};
 }
 
 Result<QByteArray> MovieUpdate::headerBody(const AtomHeader& moov) {
     if (moov.bodySize() > maximumInflatedSize) {
-        return failure(ErrorCode::unsupported, u"The movie header is too large to be written anew."_s, {},
-                       moov.offset);
+        return failure(
+            ErrorCode::unsupported,
+            QCoreApplication::translate("Movie", "The movie header is too large to be written anew."), {},
+            moov.offset);
     }
     std::optional<AtomHeader> cmov;
     const Result<void> walked =
@@ -174,8 +183,10 @@ Result<QByteArray> MovieUpdate::headerBody(const AtomHeader& moov) {
         }
         const Result<AtomHeader> inner = readAtomHeader(*plain, 0, plain->size());
         if (!inner || inner->type != movieType || inner->end() > plain->size()) {
-            return failure(ErrorCode::malformed, u"The compressed header holds no movie header."_s, {},
-                           cmov->offset);
+            return failure(
+                ErrorCode::malformed,
+                QCoreApplication::translate("Movie", "The compressed header holds no movie header."), {},
+                cmov->offset);
         }
         return plain->sliced(inner->bodyOffset(), inner->bodySize());
     }
@@ -212,7 +223,8 @@ Result<void> MovieUpdate::checkSecond(const FileLayout& layout, const AtomList& 
         std::erase_if(list->atoms, [](const RawAtom& atom) { return atom.type == UserData::type; });
     }
     if (first != *second) {
-        return failure(ErrorCode::unsupported, u"The file has two different movie headers."_s, {},
+        return failure(ErrorCode::unsupported,
+                       QCoreApplication::translate("Movie", "The file has two different movie headers."), {},
                        layout.second->offset);
     }
     return {};
@@ -243,7 +255,8 @@ Result<void> write(const Movie& movie, const UserData& userData) {
 Result<void> checkWritable(const Movie& movie) {
     if (movie.isReferenceMovie()) {
         return failure(ErrorCode::unsupported,
-                       u"The file only refers to other movies; nothing is written to it."_s);
+                       QCoreApplication::translate(
+                           "Movie", "The file only refers to other movies; nothing is written to it."));
     }
     return {};
 }
@@ -253,7 +266,8 @@ Result<void> update(const Movie& movie, FourCharCode type, int index, const QByt
         return writable;
     }
     if (!movie.userData()) {
-        return failure(ErrorCode::notFound, u"The movie has no list of user data."_s);
+        return failure(ErrorCode::notFound,
+                       QCoreApplication::translate("Movie", "The movie has no list of user data."));
     }
     if (movie.userData()->item(type, index) == bytes) {
         return {};

@@ -1,5 +1,7 @@
 #include "movie/SampleTableAtoms.h"
 
+#include <QCoreApplication>
+
 namespace marquill {
 
 void SampleDescriptionEntry::transfer(AtomStream& stream) {
@@ -10,7 +12,10 @@ void SampleDescriptionEntry::transfer(AtomStream& stream) {
     stream.transfer(reserved);
     stream.transfer(dataReferenceIndex);
     if (size < headSize) {
-        stream.fail(ErrorCode::malformed, u"A sample description has the impossible size %1."_s.arg(size));
+        stream.fail(ErrorCode::malformed,
+                    QCoreApplication::translate("SampleTableAtoms",
+                                                "A sample description has the impossible size %1.")
+                        .arg(size));
         return;
     }
     stream.transferBytes(rest, size - headSize);

@@ -4,6 +4,8 @@
 #include "movie/MovieReader.h"
 #include "platform/Log.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <limits>
 
@@ -34,7 +36,9 @@ class TrackTimeLine {
         qint64 movieTime = 0;
         for (const EditListEntry& edit : edits) {
             if (edit.mediaTime >= 0 && !addEdit(edit, movieTime)) {
-                return failure(ErrorCode::unsupported, u"The edit list shows too many samples."_s);
+                return failure(
+                    ErrorCode::unsupported,
+                    QCoreApplication::translate("SampleTimes", "The edit list shows too many samples."));
             }
             const auto duration = static_cast<qint64>(std::min<quint64>(edit.duration, endless));
             movieTime = duration > endless - movieTime ? endless : movieTime + duration;
@@ -100,7 +104,8 @@ Result<std::vector<EditListEntry>> editsOf(ByteSource& source, const Track& trac
 Result<void> addTrack(ByteSource& source, const Track& track, const TrackFragments* fragments,
                       quint32 movieScale, std::vector<qint64>& starts) {
     if (track.timeScale == 0 || movieScale == 0) {
-        return failure(ErrorCode::malformed, u"The movie or its video has no time scale."_s);
+        return failure(ErrorCode::malformed, QCoreApplication::translate(
+                                                 "SampleTimes", "The movie or its video has no time scale."));
     }
     const Result<MediaSamples> samples = MediaSamples::load(source, track, fragments);
     if (!samples) {

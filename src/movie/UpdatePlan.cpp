@@ -1,5 +1,7 @@
 #include "movie/UpdatePlan.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <array>
 #include <limits>
@@ -180,7 +182,9 @@ Result<void> Planner::takeEnd() {
     if (_layout.firstFragment) {
         return failure(
             ErrorCode::unsupported,
-            u"The movie was recorded in fragments and has no room before them for a longer header."_s);
+            QCoreApplication::translate(
+                "UpdatePlan",
+                "The movie was recorded in fragments and has no room before them for a longer header."));
     }
     const AtomHeader& last = _layout.atoms.back();
     if (last.reachesToEnd && isFree(last.type)) {
@@ -198,15 +202,19 @@ Result<qint64> Planner::beginOfEnd() {
     const AtomHeader& last = _layout.atoms.back();
     if (last.end() > _layout.fileSize) {
         return failure(ErrorCode::unsupported,
-                       u"The file ends within its last atom; nothing is added to it."_s, {}, last.offset);
+                       QCoreApplication::translate(
+                           "UpdatePlan", "The file ends within its last atom; nothing is added to it."),
+                       {}, last.offset);
     }
     if (last.reachesToEnd) {
         return closeLastAtom(last);
     }
     if (std::ranges::any_of(_layout.rest, [](char byte) { return byte != 0; })) {
-        return failure(ErrorCode::unsupported,
-                       u"The file ends with bytes that are no atom; nothing is added to it."_s, {},
-                       last.end());
+        return failure(
+            ErrorCode::unsupported,
+            QCoreApplication::translate("UpdatePlan",
+                                        "The file ends with bytes that are no atom; nothing is added to it."),
+            {}, last.end());
     }
     return last.end();
 }
@@ -251,7 +259,9 @@ Result<qint64> Planner::closedSize(const AtomHeader& last, PlannedWrite& write) 
     size += leavesRoom(size) ? 0 : unit;
     if (size > shortSizeLimit || last.offset % sectorSize == sectorSize - 1) {
         return failure(ErrorCode::unsupported,
-                       u"The last atom has no size, and cannot be given one safely."_s, {}, last.offset);
+                       QCoreApplication::translate(
+                           "UpdatePlan", "The last atom has no size, and cannot be given one safely."),
+                       {}, last.offset);
     }
     write = {last.offset, atomHeaderBytes(freeType, static_cast<quint32>(size)).first(2)};
     return size;
@@ -266,7 +276,9 @@ Result<void> Planner::grow(qint64 begin, bool isFreeAlready) {
     const qint64 secondSize = std::max(end, _layout.fileSize) - second;
     if (secondSize > shortSizeLimit) {
         return failure(ErrorCode::unsupported,
-                       u"The free atom at the end of the file is too large to be used."_s, {}, begin);
+                       QCoreApplication::translate(
+                           "UpdatePlan", "The free atom at the end of the file is too large to be used."),
+                       {}, begin);
     }
     std::vector<PlannedWrite> writes;
     if (!isFreeAlready) {
@@ -306,7 +318,9 @@ void Planner::switchTo(qint64 offset) {
 
 Result<UpdatePlan> planUpdate(const FileLayout& layout, const HeaderContent& content) {
     if (content.size() > shortSizeLimit / 4) {
-        return failure(ErrorCode::unsupported, u"The movie header is too large to be written anew."_s);
+        return failure(
+            ErrorCode::unsupported,
+            QCoreApplication::translate("UpdatePlan", "The movie header is too large to be written anew."));
     }
     return Planner(layout, content).plan();
 }

@@ -1,5 +1,7 @@
 #include "movie/UserData.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 namespace marquill {
@@ -21,7 +23,9 @@ Result<void> UserData::setItem(FourCharCode itemType, int index, QByteArray byte
     if (index != count(itemType) + 1) {
         return failure(
             ErrorCode::notFound,
-            u"There is no user-data item '%1' with the index %2."_s.arg(itemType.text()).arg(index));
+            QCoreApplication::translate("UserData", "There is no user-data item '%1' with the index %2.")
+                .arg(itemType.text())
+                .arg(index));
     }
     _list.atoms.push_back({.type = itemType, .body = std::move(bytes)});
     return {};
