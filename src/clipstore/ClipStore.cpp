@@ -6,6 +6,7 @@
 #include "platform/PropertyListReader.h"
 #include "platform/PropertyListWriter.h"
 
+#include <QCoreApplication>
 #include <QSet>
 #include <QThreadPool>
 
@@ -36,7 +37,9 @@ ClipInfo infoForPlaceholder(const QString& path) {
 
 Result<void> updatePlaceholder(const ClipInfo& info, const QString& path) {
     if (!fileExists(path)) {
-        return failure(ErrorCode::notFound, u"The clip's file is not there any more."_s, path);
+        return failure(ErrorCode::notFound,
+                       QCoreApplication::translate("ClipStore", "The clip's file is not there any more."),
+                       path);
     }
     Result<QByteArray> bytes = writePropertyList(info.record());
     if (!bytes) {
@@ -85,7 +88,8 @@ std::expected<void, ClipStoreMovies::UpdateFailure> update(const ClipInfo& info,
     if (!path) {
         return std::unexpected(ClipStoreMovies::UpdateFailure{
             isPlaceholder ? Status::done : Status::movieCannotBeOpened,
-            Error{ErrorCode::malformed, u"No clip is named “%1”."_s.arg(name), folder}});
+            Error{ErrorCode::malformed,
+                  QCoreApplication::translate("ClipStore", "No clip is named “%1”.").arg(name), folder}});
     }
     if (!isPlaceholder) {
         return ClipStoreMovies::update(info, *path);
@@ -166,7 +170,8 @@ Result<void> ClipStore::createProxyClip(const ClipInfo& info, const QString& fol
     const std::optional<QString> path = clipPath(folder, info.clipName().value_or(QString()));
     if (!path || !isProxyClip(info)) {
         return failure(ErrorCode::malformed,
-                       u"No place holder clip can have this name. Choose another one."_s,
+                       QCoreApplication::translate(
+                           "ClipStore", "No place holder clip can have this name. Choose another one."),
                        joinPath(folder, info.clipName().value_or(QString())));
     }
     Result<QByteArray> bytes = writePropertyList(info.record());

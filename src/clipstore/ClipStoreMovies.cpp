@@ -8,6 +8,8 @@
 #include "platform/PropertyListReader.h"
 #include "platform/PropertyListWriter.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 namespace marquill {
@@ -75,7 +77,9 @@ std::expected<void, ClipStoreMovies::UpdateFailure> ClipStoreMovies::update(cons
     }
     if (!movie->userData()) {
         return failed(Status::noUserData,
-                      Error{ErrorCode::unsupported, u"The movie has no user data to keep a record in."_s});
+                      Error{ErrorCode::unsupported,
+                            QCoreApplication::translate("ClipStore",
+                                                        "The movie has no user data to keep a record in.")});
     }
     const Result<QByteArray> bytes = writePropertyList(info.record());
     if (!bytes) {

@@ -4,6 +4,8 @@
 #include "platform/FileSystem.h"
 #include "platform/Files.h"
 
+#include <QCoreApplication>
+
 namespace marquill {
 
 namespace {
@@ -30,35 +32,42 @@ std::optional<QString> mediaFile(const ClipInfo& info, const QString& folder) {
 
 QString ClipStore::logForClipInfo(const ClipInfo& info) {
     if (isProxyClip(info)) {
-        return u"N/A, externally recorded"_s;
+        return QCoreApplication::translate("ClipStore", "N/A, externally recorded");
     }
-    return frameText(info.clipFrameDrops(), u"%1 frame drop(s) at frame no:\n"_s, u"No frame drops\n"_s) +
-           frameText(info.clipFrameCorrupts(), u"%1 frame(s) dropped due to corruption at frame no:\n"_s,
-                     u"No corrupted frames\n"_s);
+    return frameText(info.clipFrameDrops(),
+                     QCoreApplication::translate("ClipStore", "%1 frame drop(s) at frame no:\n"),
+                     QCoreApplication::translate("ClipStore", "No frame drops\n")) +
+           frameText(info.clipFrameCorrupts(),
+                     QCoreApplication::translate("ClipStore",
+                                                 "%1 frame(s) dropped due to corruption at frame no:\n"),
+                     QCoreApplication::translate("ClipStore", "No corrupted frames\n"));
 }
 
 QString ClipStore::attrForClipInfo(const ClipInfo& info, const QString& folder) {
     const std::optional<QString> path = mediaFile(info, folder);
     if (!path) {
-        return isProxyClip(info) ? u"Clip not connected\n"_s : u"Clip not found\n"_s;
+        return isProxyClip(info) ? QCoreApplication::translate("ClipStore", "Clip not connected\n")
+                                 : QCoreApplication::translate("ClipStore", "Clip not found\n");
     }
     const Result<FileAttributes> attributes = FileSystem::current().attributes(*path, Links::keep);
     if (!attributes) {
-        return u"Clip not found\n"_s;
+        return QCoreApplication::translate("ClipStore", "Clip not found\n");
     }
     constexpr qint64 megabyte = 1'048'576;
     const QString created = localDateText(attributes->creationDate());
-    return u"Duration: %1\nFile Size: %2 MB\nCreated: %3\nModified: %3\n"_s.arg(
-        QTHelper::timeCodeStringHHMMSS(info.clipDuration().value_or(0)),
-        QString::number(attributes->size / megabyte), created);
+    return QCoreApplication::translate("ClipStore",
+                                       "Duration: %1\nFile Size: %2 MB\nCreated: %3\nModified: %3\n")
+        .arg(QTHelper::timeCodeStringHHMMSS(info.clipDuration().value_or(0)),
+             QString::number(attributes->size / megabyte), created);
 }
 
 QString ClipStore::pathAttrForClipInfo(const ClipInfo& info, const QString& folder) {
     if (!isProxyClip(info)) {
-        return u"Path: %1\n"_s.arg(joinPath(folder, info.clipName().value_or(QString())));
+        return QCoreApplication::translate("ClipStore", "Path: %1\n")
+            .arg(joinPath(folder, info.clipName().value_or(QString())));
     }
     const std::optional<QString> path = info.clipPath();
-    return path ? u"Path: %1\n"_s.arg(*path) : u""_s;
+    return path ? QCoreApplication::translate("ClipStore", "Path: %1\n").arg(*path) : u""_s;
 }
 
 }  // namespace marquill

@@ -5,6 +5,8 @@
 #include "movie/MovieUpdate.h"
 #include "platform/Files.h"
 
+#include <QCoreApplication>
+
 namespace marquill {
 
 QString LeftOutMovie::name() const {
@@ -21,14 +23,19 @@ std::optional<LeftOutMovie> LeftOutMovies::examine(const QString& path) {
     using Cause = LeftOutMovie::Cause;
     const Result<Movie> movie = Movie::open(path);
     if (!movie) {
-        return LeftOutMovie{path, Cause::cannotBeOpened, u"It cannot be opened: "_s + movie.error().message};
+        return LeftOutMovie{path, Cause::cannotBeOpened,
+                            QCoreApplication::translate("LeftOutMovies", "It cannot be opened: %1")
+                                .arg(movie.error().message)};
     }
     if (!movie->userData()) {
-        return LeftOutMovie{path, Cause::noUserData, u"It has no user data to keep the clip’s record in."_s};
+        return LeftOutMovie{path, Cause::noUserData,
+                            QCoreApplication::translate("LeftOutMovies",
+                                                        "It has no user data to keep the clip’s record in.")};
     }
     if (const Result<ClipInfo> record = ClipStoreMovies::storedInfo(*movie); !record) {
         return LeftOutMovie{path, Cause::recordCannotBeRead,
-                            u"Its record cannot be read: "_s + record.error().message};
+                            QCoreApplication::translate("LeftOutMovies", "Its record cannot be read: %1")
+                                .arg(record.error().message)};
     }
     return std::nullopt;
 }
