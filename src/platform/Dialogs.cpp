@@ -3,6 +3,7 @@
 #include "platform/Files.h"
 
 #include <QAbstractItemView>
+#include <QCoreApplication>
 #include <QFileDialog>
 #include <QListView>
 #include <QMessageBox>
@@ -114,9 +115,10 @@ class ToolkitDialogs : public Dialogs {
         }
         const QString name = lastPathComponent(path) + u'.' + suffix;
         return !fileExists(path + u'.' + suffix) ||
-               QMessageBox::question(chooser.parentWidget(), chooser.windowTitle(),
-                                     u"%1 already exists. Do you want to replace it?"_s.arg(name)) ==
-                   QMessageBox::Yes;
+               QMessageBox::question(
+                   chooser.parentWidget(), chooser.windowTitle(),
+                   QCoreApplication::translate("Dialogs", "%1 already exists. Do you want to replace it?")
+                       .arg(name)) == QMessageBox::Yes;
     }
 };
 

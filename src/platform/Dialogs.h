@@ -3,6 +3,7 @@
 
 #include "platform/Literals.h"
 
+#include <QCoreApplication>
 #include <QString>
 #include <QStringList>
 
@@ -14,9 +15,10 @@ namespace marquill {
 
 struct Alert {
     QString title;
-    QString text;                     ///< the informative text below the title
-    QStringList buttons = {u"OK"_s};  ///< the first one is the default, which Return presses
-    int cancelButton = 0;             ///< index of the one that Escape and closing press
+    QString text;  ///< the informative text below the title
+    /// The first one is the default, which Return presses.
+    QStringList buttons = {QCoreApplication::translate("Dialogs", "OK")};
+    int cancelButton = 0;  ///< index of the one that Escape and closing press
 };
 
 struct FileChoice {

@@ -2,6 +2,8 @@
 
 #include "platform/Files.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <atomic>
 
@@ -14,7 +16,9 @@ std::atomic<FileSystem*> installed = nullptr;
 }  // namespace
 
 Result<void> FileSystem::setExtendedAttribute(const QString& path, const QByteArray&, QByteArrayView) {
-    return failure(ErrorCode::unsupported, u"The volume keeps no extended attributes."_s, path);
+    return failure(ErrorCode::unsupported,
+                   QCoreApplication::translate("FileSystem", "The volume keeps no extended attributes."),
+                   path);
 }
 
 Date FileAttributes::creationDate() const {

@@ -2,6 +2,7 @@
 
 #include "platform/Log.h"
 
+#include <QCoreApplication>
 #include <QRandomGenerator>
 
 #include <array>
@@ -93,7 +94,9 @@ Result<QByteArray> readLargeFile(OpenFile& file, const QString& path) {
     }
     if (attributes->size > largestFileRead) {
         return failure(ErrorCode::unsupported,
-                       u"The file is larger than 1 GiB, which no file of its kind is."_s, path);
+                       QCoreApplication::translate(
+                           "Files", "The file is larger than 1 GiB, which no file of its kind is."),
+                       path);
     }
     QByteArray bytes(attributes->size, Qt::Uninitialized);
     const Result<qint64> count =
@@ -118,7 +121,9 @@ Result<QString> followLinks(QString path) {
         }
         path = target->startsWith(u'/') ? *target : joinPath(parentFolder(path), *target);
     }
-    return failure(ErrorCode::notFound, u"The links on the way to it lead in a circle. Remove one of them."_s,
+    return failure(ErrorCode::notFound,
+                   QCoreApplication::translate(
+                       "Files", "The links on the way to it lead in a circle. Remove one of them."),
                    path);
 }
 
@@ -182,7 +187,9 @@ Result<void> writeFile(const QString& path, QByteArrayView bytes) {
     std::optional<quint32> permissions;
     if (const Result<FileAttributes> old = files().attributes(*target, Links::keep)) {
         if (old->type != FileType::regular) {
-            return failure(ErrorCode::notAFile, u"A folder, pipe or device stands where a file is wanted."_s,
+            return failure(ErrorCode::notAFile,
+                           QCoreApplication::translate(
+                               "Files", "A folder, pipe or device stands where a file is wanted."),
                            path);
         }
         permissions = old->permissions;

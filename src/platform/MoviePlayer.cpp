@@ -228,7 +228,7 @@ void MoviePlayer::setReady(bool ready) {
 void MoviePlayer::load(const QString& path, std::optional<QRectF> aperture) {
     unload();
     ++_generation;
-    const std::optional<QString> reason = _mpv ? obstacle(path) : u"the movie player is not available"_s;
+    const std::optional<QString> reason = _mpv ? obstacle(path) : tr("the movie player is not available");
     if (reason) {
         DelayedCalls::performAfterDelay(this, 0, [this, reason, generation = _generation] {
             if (generation == _generation) {
@@ -424,7 +424,7 @@ void MoviePlayer::handleReply(const mpv_event& event) {
 
 void MoviePlayer::handleEndOfFile(const mpv_event_end_file& end) {
     if (end.playlist_entry_id == _entry && end.reason != MPV_END_FILE_REASON_STOP) {
-        fail(end.error < 0 ? QString::fromUtf8(mpv_error_string(end.error)) : u"nothing to play"_s);
+        fail(end.error < 0 ? QString::fromUtf8(mpv_error_string(end.error)) : tr("nothing to play"));
     }
 }
 
@@ -486,7 +486,7 @@ void MoviePlayer::handleFlag(QByteArrayView name, bool value) {
 void MoviePlayer::handleVideoTrack(QByteArrayView id) {
     const bool shown = id != "no" && id != "auto";
     if (_hasPicture && !shown && !_restoring) {
-        fail(u"its picture cannot be decoded"_s);
+        fail(tr("its picture cannot be decoded"));
     }
     _hasPicture = shown || (_hasPicture && _restoring);
     _restoring = _restoring && !shown;
@@ -496,7 +496,7 @@ void MoviePlayer::fail(const QString& reason) {
     qCWarning(logPlatform) << "a movie cannot be shown:" << reason;
     ++_generation;
     forgetMovie();
-    Q_EMIT failed(u"This movie cannot be shown: %1."_s.arg(reason));
+    Q_EMIT failed(tr("This movie cannot be shown: %1.").arg(reason));
 }
 
 }  // namespace marquill

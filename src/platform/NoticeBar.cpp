@@ -31,8 +31,8 @@ NoticeBar::NoticeBar(const QString& text, const QString& buttonText, QWidget* pa
     _closeButton->setObjectName(u"_closeButton"_s);
     _closeButton->setText(u"×"_s);
     _closeButton->setAutoRaise(true);
-    _closeButton->setToolTip(u"Close Notice"_s);
-    _closeButton->setAccessibleName(u"Close Notice"_s);
+    _closeButton->setToolTip(tr("Close Notice"));
+    _closeButton->setAccessibleName(tr("Close Notice"));
     // Reached by Tab, but a click in it leaves the keyboard where it is.
     _closeButton->setFocusPolicy(Qt::TabFocus);
     connect(_closeButton, &QToolButton::clicked, this, &NoticeBar::closed);
@@ -42,7 +42,7 @@ NoticeBar::NoticeBar(const QString& text, const QString& buttonText, QWidget* pa
 }
 
 NoticeBar* NoticeBar::showIn(QMainWindow& window, const QString& text, const QString& buttonText) {
-    auto* row = new QToolBar(u"Notice"_s, &window);
+    auto* row = new QToolBar(tr("Notice"), &window);
     row->setObjectName(u"NoticeRow"_s);
     row->setMovable(false);
     row->setContextMenuPolicy(Qt::PreventContextMenu);

@@ -4,6 +4,8 @@
 #include "platform/NativeName.h"
 #include "platform/SystemError.h"
 
+#include <QCoreApplication>
+
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -29,10 +31,13 @@ class PosixFileLock final : public FileLock {
 std::unexpected<Error> lockFailure(int number, const QString& path) {
     switch (number) {
         case EWOULDBLOCK:
-            return failure(ErrorCode::alreadyExists, u"Another running program uses the file."_s, path);
+            return failure(ErrorCode::alreadyExists,
+                           QCoreApplication::translate("FileLock", "Another running program uses the file."),
+                           path);
         case ENOLCK:
         case EOPNOTSUPP:
-            return failure(ErrorCode::unsupported, u"The volume knows no file locks."_s, path);
+            return failure(ErrorCode::unsupported,
+                           QCoreApplication::translate("FileLock", "The volume knows no file locks."), path);
         default:
             return std::unexpected(systemError(number, path));
     }

@@ -5,6 +5,8 @@
 #include "platform/NativeName.h"
 #include "platform/SystemError.h"
 
+#include <QCoreApplication>
+
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -308,7 +310,9 @@ Result<QString> PosixFileSystem::linkTarget(const QString& link) {
     if (std::optional<QString> text = textOfNativeName(QByteArrayView(target.data(), size))) {
         return *std::move(text);
     }
-    return failure(ErrorCode::unsupported, u"The link points to a name that is no text."_s, link);
+    return failure(ErrorCode::unsupported,
+                   QCoreApplication::translate("FileSystem", "The link points to a name that is no text."),
+                   link);
 }
 
 /// Collects `make(name, entry, stream)` of each entry of a folder into a `List`.

@@ -122,7 +122,7 @@ Result<void> ProgressSheet::loadSheet() {
     outlets.connect(_cancelButton, u"_cancelButton"_s);
     auto* const dialog = qobject_cast<QDialog*>(loaded->get());
     if (!dialog) {
-        return failure(ErrorCode::malformed, u"the window description holds no dialog"_s);
+        return failure(ErrorCode::malformed, tr("the window description holds no dialog"));
     }
     if (Result<void> found = outlets.check(); !found) {
         return found;

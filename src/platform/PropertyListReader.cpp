@@ -5,6 +5,8 @@
 #include "platform/PropertyListText.h"
 #include "platform/XmlEncoding.h"
 
+#include <QCoreApplication>
+
 #include <pugixml.hpp>
 
 #include <array>
@@ -148,7 +150,9 @@ bool Converter::fail(pugi::xml_node node, ErrorCode code, const QString& message
 bool Converter::elementFrom(pugi::xml_node& node) {
     for (; node && node.type() != pugi::node_element; node = node.next_sibling()) {
         if (!isBlank(node.value())) {
-            return fail(node, ErrorCode::malformed, u"There is text where only elements may stand."_s);
+            return fail(
+                node, ErrorCode::malformed,
+                QCoreApplication::translate("PropertyList", "There is text where only elements may stand."));
         }
     }
     return true;
@@ -156,7 +160,9 @@ bool Converter::elementFrom(pugi::xml_node& node) {
 
 bool Converter::firstElement(pugi::xml_node parent, pugi::xml_node& node) {
     if (!isBlank(parent.value())) {
-        return fail(parent, ErrorCode::malformed, u"There is text where only elements may stand."_s);
+        return fail(
+            parent, ErrorCode::malformed,
+            QCoreApplication::translate("PropertyList", "There is text where only elements may stand."));
     }
     node = parent.first_child();
     return elementFrom(node);
@@ -171,14 +177,17 @@ bool Converter::onlyChild(pugi::xml_node node, int depth, Value& out) {
             return false;
         }
         if (!child) {
-            return fail(parent, ErrorCode::malformed, u"The property list holds no value."_s);
+            return fail(parent, ErrorCode::malformed,
+                        QCoreApplication::translate("PropertyList", "The property list holds no value."));
         }
         pugi::xml_node next = child.next_sibling();
         if (!elementFrom(next)) {
             return false;
         }
         if (next) {
-            return fail(next, ErrorCode::malformed, u"The property list holds more than one value."_s);
+            return fail(
+                next, ErrorCode::malformed,
+                QCoreApplication::translate("PropertyList", "The property list holds more than one value."));
         }
     } while (elementNamed(child.name()) == Element::plist);
     return value(child, depth, out);
@@ -192,14 +201,19 @@ bool Converter::value(pugi::xml_node node, int depth, Value& out) {
         case Element::dict:
         case Element::array:
             if (depth == maximumPropertyListDepth) {
-                return fail(node, ErrorCode::unsupported, u"The property list is nested too deeply."_s);
+                return fail(
+                    node, ErrorCode::unsupported,
+                    QCoreApplication::translate("PropertyList", "The property list is nested too deeply."));
             }
             return element == Element::dict ? dictionary(node, depth + 1, out) : array(node, depth + 1, out);
         case Element::key:
-            return fail(node, ErrorCode::malformed, u"A key stands where a value is expected."_s);
+            return fail(
+                node, ErrorCode::malformed,
+                QCoreApplication::translate("PropertyList", "A key stands where a value is expected."));
         case Element::unknown:
             return fail(node, ErrorCode::malformed,
-                        u"A property list has no element <%1>."_s.arg(QString::fromUtf8(node.name())));
+                        QCoreApplication::translate("PropertyList", "A property list has no element <%1>.")
+                            .arg(QString::fromUtf8(node.name())));
         default:
             return scalar(node, element, out);
     }
@@ -236,7 +250,8 @@ bool Converter::scalar(pugi::xml_node node, Element element, Value& out) {
             out = element == Element::yes;
     }
     return isRight || fail(node, ErrorCode::malformed,
-                           u"The content of <%1> is wrong."_s.arg(QString::fromUtf8(node.name())));
+                           QCoreApplication::translate("PropertyList", "The content of <%1> is wrong.")
+                               .arg(QString::fromUtf8(node.name())));
 }
 
 bool Converter::array(pugi::xml_node node, int depth, Value& out) {
@@ -268,7 +283,8 @@ bool Converter::dictionary(pugi::xml_node node, int depth, Value& out) {
     while (child) {
         const pugi::xml_node keyNode = child;
         if (elementNamed(keyNode.name()) != Element::key) {
-            return fail(keyNode, ErrorCode::malformed, u"A value of the dictionary has no key."_s);
+            return fail(keyNode, ErrorCode::malformed,
+                        QCoreApplication::translate("PropertyList", "A value of the dictionary has no key."));
         }
         std::string_view key;
         child = child.next_sibling();
@@ -276,7 +292,8 @@ bool Converter::dictionary(pugi::xml_node node, int depth, Value& out) {
             return false;
         }
         if (!child) {
-            return fail(keyNode, ErrorCode::malformed, u"A key of the dictionary has no value."_s);
+            return fail(keyNode, ErrorCode::malformed,
+                        QCoreApplication::translate("PropertyList", "A key of the dictionary has no value."));
         }
         Dictionary::Entry& entry = entries.emplace_back(_keys.text(key), Value());
         if (!value(child, depth, entry.value)) {
@@ -304,7 +321,9 @@ bool Converter::text(pugi::xml_node node, std::string_view& out) {
     }
     for (pugi::xml_node piece = first; piece; piece = piece.next_sibling()) {
         if (piece.type() == pugi::node_element) {
-            return fail(piece, ErrorCode::malformed, u"There is an element where only text may stand."_s);
+            return fail(piece, ErrorCode::malformed,
+                        QCoreApplication::translate("PropertyList",
+                                                    "There is an element where only text may stand."));
         }
         if (piece.type() == pugi::node_cdata) {
             _text += piece.value();
@@ -328,7 +347,8 @@ bool Converter::appendUnescaped(std::string_view raw) {
         const char32_t code = end == std::string_view::npos ? 0 : characterOfEntity(raw.substr(1, end - 1));
         if (code == 0) {
             error = Error{.code = ErrorCode::malformed,
-                          .message = u"An entity is wrong or not one of XML's own."_s,
+                          .message = QCoreApplication::translate(
+                              "PropertyList", "An entity is wrong or not one of XML's own."),
                           .byteOffset = raw.data() - _utf8};
             return false;
         }
@@ -368,15 +388,19 @@ bool endsEarly(const pugi::xml_parse_result& parsed, const QByteArray& utf8) {
 Error parserError(const pugi::xml_parse_result& parsed, const XmlText& text) {
     const qint64 size = text.utf8.size();
     if (parsed.status == pugi::status_out_of_memory) {
-        return {.code = ErrorCode::unsupported, .message = u"There is not enough memory to read it."_s};
+        return {
+            .code = ErrorCode::unsupported,
+            .message = QCoreApplication::translate("PropertyList", "There is not enough memory to read it.")};
     }
     if (endsEarly(parsed, text.utf8)) {
         return {.code = ErrorCode::endsEarly,
-                .message = u"The property list ends before it is complete."_s,
+                .message = QCoreApplication::translate("PropertyList",
+                                                       "The property list ends before it is complete."),
                 .byteOffset = text.sourceOffset(size)};
     }
     return {.code = ErrorCode::malformed,
-            .message = u"The XML is damaged: %1."_s.arg(QString::fromLatin1(parsed.description())),
+            .message = QCoreApplication::translate("PropertyList", "The XML is damaged: %1.")
+                           .arg(QString::fromLatin1(parsed.description())),
             .byteOffset = text.sourceOffset(parsed.offset)};
 }
 
@@ -391,14 +415,17 @@ Result<Value> readPropertyList(QByteArrayView xml) {
 
 Result<Value> readAnyPropertyList(QByteArrayView xml) {
     if (xml.startsWith("bplist")) {
-        return failure(ErrorCode::unsupported, u"Binary property lists are not supported."_s, {}, 0);
+        return failure(
+            ErrorCode::unsupported,
+            QCoreApplication::translate("PropertyList", "Binary property lists are not supported."), {}, 0);
     }
     Result<XmlText> text = decodeXml(xml);
     if (!text) {
         return std::unexpected(std::move(text).error());
     }
     if (text->utf8.isEmpty()) {
-        return failure(ErrorCode::endsEarly, u"The property list is empty."_s, {}, 0);
+        return failure(ErrorCode::endsEarly,
+                       QCoreApplication::translate("PropertyList", "The property list is empty."), {}, 0);
     }
     const unsigned flags = parserFlags(text->utf8);
     char* const utf8 = text->utf8.data();
@@ -410,7 +437,9 @@ Result<Value> readAnyPropertyList(QByteArrayView xml) {
         return std::unexpected(parserError(parsed, *text));
     }
     if (!document.first_child()) {
-        return failure(ErrorCode::endsEarly, u"The property list is empty."_s, {}, xml.size());
+        return failure(ErrorCode::endsEarly,
+                       QCoreApplication::translate("PropertyList", "The property list is empty."), {},
+                       xml.size());
     }
     Converter converter(utf8);
     Value value;
@@ -429,7 +458,9 @@ Result<Dictionary> readDictionary(QByteArrayView xml) {
     if (std::optional<Dictionary> dictionary = value->dictionary()) {
         return *std::move(dictionary);
     }
-    return failure(ErrorCode::malformed, u"The property list holds no dictionary."_s, {}, 0);
+    return failure(ErrorCode::malformed,
+                   QCoreApplication::translate("PropertyList", "The property list holds no dictionary."), {},
+                   0);
 }
 
 }  // namespace marquill

@@ -5,6 +5,8 @@
 
 #include "platform/PropertyListText.h"
 
+#include <QCoreApplication>
+
 #include <array>
 #include <charconv>
 
@@ -181,11 +183,16 @@ Result<QByteArray> writePropertyList(const Value& value) {
         "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
         "<plist version=\"1.0\">\n";
     if (!serializer.value(value)) {
-        const QString where = serializer.path.isEmpty() ? u"the root"_s : serializer.path.join(u'/');
+        const QString where = serializer.path.isEmpty()
+                                  ? QCoreApplication::translate("PropertyList", "the root")
+                                  : serializer.path.join(u'/');
         return failure(
             ErrorCode::malformed,
-            u"The value at %1 cannot be written: it is missing, or holds a character or date that a "
-            u"property list has no way to write."_s.arg(where));
+            QCoreApplication::translate(
+                "PropertyList",
+                "The value at %1 cannot be written: it is missing, or holds a character or date that a "
+                "property list has no way to write.")
+                .arg(where));
     }
     serializer.xml += "</plist>\n";
     return std::move(serializer.xml);

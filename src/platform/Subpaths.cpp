@@ -3,6 +3,8 @@
 #include "platform/Files.h"
 #include "platform/Log.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <iterator>
 #include <ranges>
@@ -21,7 +23,8 @@ class Walk {
         }
         while (!_pending.empty()) {
             if (!goesOn(_progress, _paths.size(), 0)) {
-                return failure(ErrorCode::interrupted, u"The search was cancelled."_s, _root);
+                return failure(ErrorCode::interrupted,
+                               QCoreApplication::translate("Subpaths", "The search was cancelled."), _root);
             }
             takeNext();
         }

@@ -46,6 +46,14 @@ QString UndoManager::redoActionName() const {
     return canRedo() ? _redoSteps.back().name : QString();
 }
 
+QString UndoManager::undoTitle(const QString& actionName) {
+    return actionName.isEmpty() ? tr("Undo") : tr("Undo %1").arg(actionName);
+}
+
+QString UndoManager::redoTitle(const QString& actionName) {
+    return actionName.isEmpty() ? tr("Redo") : tr("Redo %1").arg(actionName);
+}
+
 void UndoManager::removeAllActions(const QObject* target) {
     for (std::vector<Step>* steps : {&_undoSteps, &_redoSteps}) {
         for (Step& step : *steps) {

@@ -40,6 +40,9 @@ class UndoManager : public QObject {
     /// The name of the step that undo would take back, or "".
     QString undoActionName() const;
     QString redoActionName() const;
+    /// What a menu calls undoing the step of that name: "Undo add Label"; "Undo" where it has none.
+    static QString undoTitle(const QString& actionName);
+    static QString redoTitle(const QString& actionName);
 
     /// Drops every entry of `target`; steps that become empty go with them.
     void removeAllActions(const QObject* target);

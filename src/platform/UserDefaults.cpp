@@ -5,6 +5,7 @@
 #include "platform/PropertyListReader.h"
 #include "platform/PropertyListWriter.h"
 
+#include <QCoreApplication>
 #include <QStandardPaths>
 
 namespace marquill {
@@ -36,7 +37,10 @@ Result<void> setAside(const QString& path, const Error& damage) {
             return moved;
         }
     }
-    return failure(ErrorCode::alreadyExists, u"There are too many damaged settings files beside it."_s, path);
+    return failure(
+        ErrorCode::alreadyExists,
+        QCoreApplication::translate("UserDefaults", "There are too many damaged settings files beside it."),
+        path);
 }
 
 }  // namespace

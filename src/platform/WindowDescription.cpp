@@ -1,5 +1,6 @@
 #include "platform/WindowDescription.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QHash>
 #include <QUiLoader>
@@ -53,15 +54,18 @@ void WindowDescription::registerWidget(const QString& className, const Factory& 
 Result<std::unique_ptr<QWidget>> WindowDescription::load(const QString& name) {
     QFile file(folder() + u'/' + name + u".ui"_s);
     if (!file.open(QIODevice::ReadOnly)) {
-        return failure(ErrorCode::notFound, u"the window description is missing; install Marquill again"_s,
+        return failure(ErrorCode::notFound,
+                       QCoreApplication::translate(
+                           "WindowDescription", "the window description is missing; install Marquill again"),
                        file.fileName());
     }
     Loader loader;
     std::unique_ptr<QWidget> window(loader.load(&file));
     if (!loader.unknownClasses().isEmpty()) {
         return failure(ErrorCode::malformed,
-                       u"the window description holds widgets of unknown classes: "_s +
-                           loader.unknownClasses().join(u", "_s),
+                       QCoreApplication::translate(
+                           "WindowDescription", "the window description holds widgets of unknown classes: %1")
+                           .arg(loader.unknownClasses().join(u", "_s)),
                        file.fileName());
     }
     if (!window) {
@@ -78,7 +82,9 @@ Result<void> Outlets::check() const {
     if (_missing.isEmpty()) {
         return {};
     }
-    return failure(ErrorCode::malformed, u"the window description lacks "_s + _missing.join(u", "_s),
+    return failure(ErrorCode::malformed,
+                   QCoreApplication::translate("WindowDescription", "the window description lacks %1")
+                       .arg(_missing.join(u", "_s)),
                    _window.objectName());
 }
 

@@ -1,5 +1,6 @@
 #include "platform/XmlEncoding.h"
 
+#include <QCoreApplication>
 #include <QStringDecoder>
 #include <QtEndian>
 
@@ -119,7 +120,10 @@ qint64 firstInvalidByte(QByteArrayView bytes) {
 }
 
 std::unexpected<Error> notInItsEncoding(ErrorCode code, qint64 offset) {
-    return failure(code, u"The text is not in the encoding it claims to be in."_s, {}, offset);
+    return failure(
+        code,
+        QCoreApplication::translate("XmlEncoding", "The text is not in the encoding it claims to be in."), {},
+        offset);
 }
 
 Result<XmlText> copyOfUtf8(QByteArrayView bytes, qint64 byteOrderMark) {
@@ -217,8 +221,9 @@ Result<XmlText> decoded(QByteArrayView bytes) {
         return copyOfUtf8(bytes, detected.byteOrderMark);
     }
     return failure(ErrorCode::unsupported,
-                   u"The encoding \"%1\" is not supported."_s.arg(QString::fromLatin1(name)), {},
-                   bytes.indexOf(name));
+                   QCoreApplication::translate("XmlEncoding", "The encoding \"%1\" is not supported.")
+                       .arg(QString::fromLatin1(name)),
+                   {}, bytes.indexOf(name));
 }
 
 }  // namespace
@@ -249,7 +254,8 @@ Result<XmlText> decodeXml(QByteArrayView bytes) {
     const char* nul = static_cast<const char*>(
         std::memchr(text->utf8.constData(), 0, static_cast<size_t>(text->utf8.size())));
     if (nul != nullptr) {
-        return failure(ErrorCode::malformed, u"A NUL character stands in the text."_s, {},
+        return failure(ErrorCode::malformed,
+                       QCoreApplication::translate("XmlEncoding", "A NUL character stands in the text."), {},
                        text->sourceOffset(nul - text->utf8.constData()));
     }
     return text;
