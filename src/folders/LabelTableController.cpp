@@ -65,7 +65,7 @@ void LabelTableController::wireTable() {
     _table.setDragDropOverwriteMode(false);
     _table.setDefaultDropAction(Qt::CopyAction);
     _table.horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-    new EmptyHint(_table, u"No labels"_s);
+    new EmptyHint(_table, tr("No labels"));
     _table.deleteItem = [this] { deleteLabelItem(); };
     _table.menuForEvent = [this](const QContextMenuEvent&) { return &_contextMenu; };
     connect(_table.selectionModel(), &QItemSelectionModel::selectionChanged, this,
@@ -82,13 +82,13 @@ void LabelTableController::buildCommands() {
     };
     using This = LabelTableController;
     const Command commands[] = {
-        {id::addLabelItem, u"Add Label"_s, {}, Qt::WidgetShortcut, &This::addLabelItem},
-        {id::deleteLabelItem, u"Delete Label"_s, {}, Qt::WidgetShortcut, &This::deleteLabelItem},
-        {id::rename, u"Rename"_s, {}, Qt::WidgetShortcut, &This::editSelected},
-        {id::moveUp, u"Move Up"_s, Qt::CTRL | Qt::Key_Up, Qt::WidgetShortcut, &This::moveUp},
-        {id::moveDown, u"Move Down"_s, Qt::CTRL | Qt::Key_Down, Qt::WidgetShortcut, &This::moveDown},
-        {id::undo, u"Undo"_s, Qt::CTRL | Qt::Key_Z, Qt::WindowShortcut, &This::undo},
-        {id::redo, u"Redo"_s, Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Qt::WindowShortcut, &This::redo},
+        {id::addLabelItem, tr("Add Label"), {}, Qt::WidgetShortcut, &This::addLabelItem},
+        {id::deleteLabelItem, tr("Delete Label"), {}, Qt::WidgetShortcut, &This::deleteLabelItem},
+        {id::rename, tr("Rename"), {}, Qt::WidgetShortcut, &This::editSelected},
+        {id::moveUp, tr("Move Up"), Qt::CTRL | Qt::Key_Up, Qt::WidgetShortcut, &This::moveUp},
+        {id::moveDown, tr("Move Down"), Qt::CTRL | Qt::Key_Down, Qt::WidgetShortcut, &This::moveDown},
+        {id::undo, tr("Undo"), Qt::CTRL | Qt::Key_Z, Qt::WindowShortcut, &This::undo},
+        {id::redo, tr("Redo"), Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Qt::WindowShortcut, &This::redo},
     };
     for (const Command& command : commands) {
         auto* action = new QAction(command.text, this);
@@ -115,13 +115,13 @@ void LabelTableController::setLabelItems(const QStringList& labels) {
 }
 
 void LabelTableController::addLabelItem() {
-    addItemWithUndo({.label = u"New Label"_s, .index = _model.rowCount(), .action = u"add Label"_s});
+    addItemWithUndo({.label = u"New Label"_s, .index = _model.rowCount(), .action = tr("add Label")});
 }
 
 void LabelTableController::deleteLabelItem() {
     const int row = selectedRow();
     if (row >= 0) {
-        deleteItemWithUndo({.label = labelItems()[row], .index = row, .action = u"delete Label"_s});
+        deleteItemWithUndo({.label = labelItems()[row], .index = row, .action = tr("delete Label")});
     }
 }
 
@@ -157,7 +157,7 @@ void LabelTableController::moveItemWithUndo(const LabelChange& change) {
     selectRow(isDown ? to - 1 : to);
     postLabelListHasChanged();
     registerUndo(&LabelTableController::moveItemWithUndo,
-                 {.label = change.label, .index = isDown ? from : from + 1}, u"move Item"_s);
+                 {.label = change.label, .index = isDown ? from : from + 1}, tr("move Item"));
 }
 
 void LabelTableController::setItemName(const LabelChange& change) {
@@ -165,7 +165,7 @@ void LabelTableController::setItemName(const LabelChange& change) {
         return;
     }
     registerUndo(&LabelTableController::setItemName,
-                 {.label = labelItems()[change.index], .index = change.index}, u"change Label Title"_s);
+                 {.label = labelItems()[change.index], .index = change.index}, tr("change Label Title"));
     _model.replace(change.index, change.label);
     postLabelListHasChanged();
 }
@@ -232,10 +232,10 @@ void LabelTableController::tableViewSelectionDidChange() {
 void LabelTableController::undoManagerDidChange() {
     QAction* undo = command(id::undo);
     undo->setEnabled(_undoManager.canUndo());
-    undo->setText(u"Undo %1"_s.arg(_undoManager.undoActionName()).trimmed());
+    undo->setText(UndoManager::undoTitle(_undoManager.undoActionName()));
     QAction* redo = command(id::redo);
     redo->setEnabled(_undoManager.canRedo());
-    redo->setText(u"Redo %1"_s.arg(_undoManager.redoActionName()).trimmed());
+    redo->setText(UndoManager::redoTitle(_undoManager.redoActionName()));
 }
 
 }  // namespace marquill

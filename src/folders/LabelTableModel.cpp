@@ -90,7 +90,8 @@ QVariant LabelTableModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant LabelTableModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    return section == 0 && orientation == Qt::Horizontal && role == Qt::DisplayRole ? u"Label"_s : QVariant();
+    return section == 0 && orientation == Qt::Horizontal && role == Qt::DisplayRole ? tr("Label")
+                                                                                    : QVariant();
 }
 
 // A row takes no drop itself, so that every drop falls between rows; what is dropped there falls on the root.

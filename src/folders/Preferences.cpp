@@ -32,13 +32,13 @@ const QString kTheme = u"kTheme"_s;
 struct ThemeName {
     Theme::Choice choice;
     QString saved;
-    QString shown;
+    const char* shown;
 };
 
 const ThemeName themeNames[] = {
-    {Theme::Choice::followSystem, u"system"_s, u"Follow the system"_s},
-    {Theme::Choice::dark, u"dark"_s, u"Dark"_s},
-    {Theme::Choice::light, u"light"_s, u"Light"_s},
+    {Theme::Choice::followSystem, u"system"_s, QT_TRANSLATE_NOOP("Preferences", "Follow the system")},
+    {Theme::Choice::dark, u"dark"_s, QT_TRANSLATE_NOOP("Preferences", "Dark")},
+    {Theme::Choice::light, u"light"_s, QT_TRANSLATE_NOOP("Preferences", "Light")},
 };
 
 std::unique_ptr<Preferences>& instance() {
@@ -99,7 +99,7 @@ Result<std::unique_ptr<Preferences>> Preferences::create() {
         return std::unexpected(loaded.error());
     }
     if (!qobject_cast<QDialog*>(loaded->get())) {
-        return failure(ErrorCode::malformed, u"the preferences window is no dialog"_s);
+        return failure(ErrorCode::malformed, tr("the preferences window is no dialog"));
     }
     std::unique_ptr<QDialog> window(static_cast<QDialog*>(loaded->release()));
     std::unique_ptr<Preferences> preferences(new Preferences(std::move(window)));
@@ -141,7 +141,8 @@ Result<void> Preferences::connectOutlets() {
 
 void Preferences::wireGeneralTab() {
     for (const ThemeName& name : themeNames) {
-        _themePopup->addItem(name.shown, static_cast<int>(name.choice));
+        _themePopup->addItem(QCoreApplication::translate("Preferences", name.shown),
+                             static_cast<int>(name.choice));
     }
     showThemeChoice();
     connect(_themePopup, &QComboBox::activated, this,
@@ -218,7 +219,7 @@ void Preferences::showAudioVolume() {
     const int percent = std::max(1, qRound(_audioVolume * 100.0F));
     const QSignalBlocker blocker(_volumeSlider);
     _volumeSlider->setValue(qRound(_audioVolume * static_cast<float>(_volumeSlider->maximum())));
-    _volumeText->setText(audioPlayThrough() ? u"%1 %"_s.arg(percent) : u"Off"_s);
+    _volumeText->setText(audioPlayThrough() ? u"%1 %"_s.arg(percent) : tr("Off"));
 }
 
 Theme::Choice Preferences::themeChoice() {

@@ -91,16 +91,16 @@ void RecordFolderController::wireTable() {
 }
 
 void RecordFolderController::buildContextMenu() {
-    _contextMenu.addAction(u"Record into This Folder"_s, this, &RecordFolderController::recordIntoSelected);
-    _contextMenu.addAction(u"Rename"_s, this, [this] {
+    _contextMenu.addAction(tr("Record into This Folder"), this, &RecordFolderController::recordIntoSelected);
+    _contextMenu.addAction(tr("Rename"), this, [this] {
         const QModelIndex row = _table.selectionModel()->selectedRows(RecordFolderModel::folderName).first();
         _table.setCurrentIndex(row);
         _table.edit(row);
     });
-    _contextMenu.addAction(u"Show in File Browser"_s, this, &RecordFolderController::showFolderInFinder);
+    _contextMenu.addAction(tr("Show in File Browser"), this, &RecordFolderController::showFolderInFinder);
     _contextMenu.addSeparator();
-    _contextMenu.addAction(u"Add Folder…"_s, this, &RecordFolderController::addItem);
-    _contextMenu.addAction(u"Remove Folder"_s, this, &RecordFolderController::deleteItem);
+    _contextMenu.addAction(tr("Add Folder…"), this, &RecordFolderController::addItem);
+    _contextMenu.addAction(tr("Remove Folder"), this, &RecordFolderController::deleteItem);
 }
 
 QMenu* RecordFolderController::menuForEvent() {
@@ -160,16 +160,16 @@ void RecordFolderController::setRecordingFolder(const std::optional<FolderRecord
     }
     if (folder && !folder->exists()) {
         showAlert(
-            u"No Valid Recording Folder"_s,
-            u"The selected folder does not exist or is offline and cannot be used for recording. Please "
-            "select another folder."_s);
+            tr("No Valid Recording Folder"),
+            tr("The selected folder does not exist or is offline and cannot be used for recording. Please "
+               "select another folder."));
         return;
     }
     if (present && present->isBusy()) {
         showAlert(
-            u"Recording Folder Busy"_s,
-            u"The current recording folder is busy and cannot be changed now. Please stop recording and "
-            "try again."_s);
+            tr("Recording Folder Busy"),
+            tr("The current recording folder is busy and cannot be changed now. Please stop recording and "
+               "try again."));
         return;
     }
     _model.setRecordingFolder(folder);
@@ -221,7 +221,7 @@ void RecordFolderController::addItem() {
     const std::vector<FolderRecord> selected = selectedFolderArray();
     const QString start = selected.empty() ? QString() : selected.front().folderPath().value_or(QString());
     const QStringList paths = Dialogs::current().chooseFolders(
-        _table.window(), {.title = u"Add Folder"_s, .startFolder = start, .suffixes = {}});
+        _table.window(), {.title = tr("Add Folder"), .startFolder = start, .suffixes = {}});
     if (paths.isEmpty()) {
         return;
     }
@@ -235,8 +235,8 @@ void RecordFolderController::addItem() {
     selectRows(rows);
     Q_EMIT foldersChanged();
     if (duplicates > 0) {
-        showAlert(u"Duplicate Folders"_s,
-                  u"One or more folders were already in the folder list and have not been added."_s);
+        showAlert(tr("Duplicate Folders"),
+                  tr("One or more folders were already in the folder list and have not been added."));
     }
 }
 
@@ -268,9 +268,9 @@ void RecordFolderController::deleteItem() {
     }
     Q_EMIT foldersChanged();
     if (anyBusy) {
-        showAlert(u"Couldn't remove/delete Folder!"_s,
-                  u"One or more folders could not be deleted because the folder is busy. Please try again "
-                  "later"_s);
+        showAlert(tr("Couldn't remove/delete Folder!"),
+                  tr("One or more folders could not be deleted because the folder is busy. Please try again "
+                     "later"));
     }
 }
 
@@ -298,8 +298,8 @@ void RecordFolderController::deleteFolderPanelDidEnd(QWidget* sheet, int returnC
 
 void RecordFolderController::setItemName(const FolderRecord& folder, const QString& name) {
     if (recordingFolder() && recordingFolder()->isSame(folder) && folder.isBusy()) {
-        showAlert(u"Folder Busy"_s,
-                  u"This folder is busy and cannot be renamed now. Please stop recording and try again."_s);
+        showAlert(tr("Folder Busy"),
+                  tr("This folder is busy and cannot be renamed now. Please stop recording and try again."));
         return;
     }
     FolderRecord renamed = folder;
@@ -307,7 +307,7 @@ void RecordFolderController::setItemName(const FolderRecord& folder, const QStri
     const QString to = joinPath(parentFolder(from), name);
     const Result<void> moved = isFolderName(name)
                                    ? FileSystem::current().move(from, to)
-                                   : failure(ErrorCode::unsupported, u"no folder can have that name"_s, to);
+                                   : failure(ErrorCode::unsupported, tr("no folder can have that name"), to);
     if (moved) {
         renamed.setFolderPath(to);
         renamed.setFolderName(name);
@@ -315,7 +315,7 @@ void RecordFolderController::setItemName(const FolderRecord& folder, const QStri
         Q_EMIT foldersChanged();
     } else {
         qCWarning(logFolders) << moved.error().description();
-        showAlert(u"Error"_s, u"The selected folder could not be renamed."_s);
+        showAlert(tr("Error"), tr("The selected folder could not be renamed."));
     }
     _model.reload();
 }

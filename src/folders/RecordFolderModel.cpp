@@ -119,10 +119,10 @@ QVariant RecordFolderModel::recordingData(const FolderRecord& folder, int role) 
         case Qt::CheckStateRole:
             return static_cast<int>(isRecording ? Qt::Checked : Qt::Unchecked);
         case Qt::AccessibleTextRole:
-            return isRecording ? u"Recording folder"_s : u"Not the recording folder"_s;
+            return isRecording ? tr("Recording folder") : tr("Not the recording folder");
         case Qt::ToolTipRole:
-            return isRecording ? u"New clips are recorded into this folder"_s
-                               : u"Click to record new clips into this folder"_s;
+            return isRecording ? tr("New clips are recorded into this folder")
+                               : tr("Click to record new clips into this folder");
         default:
             return {};
     }
@@ -131,7 +131,7 @@ QVariant RecordFolderModel::recordingData(const FolderRecord& folder, int role) 
 QVariant RecordFolderModel::nameData(const FolderRecord& folder, bool isPresent, int role) const {
     const QString name = folder.folderName().value_or(QString());
     const QString path = folder.folderPath().value_or(QString());
-    const QString missing = path + u" does not exist or is offline"_s;
+    const QString missing = tr("%1 does not exist or is offline").arg(path);
     switch (role) {
         case Qt::DisplayRole:
         case Qt::EditRole:
@@ -154,9 +154,9 @@ QVariant RecordFolderModel::headerData(int section, Qt::Orientation orientation,
     }
     // The recording column is as narrow as its symbol: its title is heard, not seen.
     if (section == recording) {
-        return role == Qt::AccessibleTextRole ? QVariant(u"Recording"_s) : QVariant();
+        return role == Qt::AccessibleTextRole ? QVariant(tr("Recording")) : QVariant();
     }
-    return role == Qt::DisplayRole ? QVariant(u"Folder"_s) : QVariant();
+    return role == Qt::DisplayRole ? QVariant(tr("Folder")) : QVariant();
 }
 
 Qt::ItemFlags RecordFolderModel::flags(const QModelIndex& index) const {
