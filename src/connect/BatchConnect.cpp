@@ -5,6 +5,8 @@
 #include "platform/Files.h"
 #include "platform/ParallelWork.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 namespace marquill {
@@ -141,7 +143,9 @@ BatchResult BatchConnect::doP2BatchConnect(std::span<const ClipInfo> placeholder
 }
 
 ClipChangeSet BatchResult::changeSet(std::span<const ClipInfo> placeholders) const {
-    ClipChangeSet set{.oldClips = {}, .newClips = {}, .actionName = u"connect Clips"_s};
+    ClipChangeSet set{.oldClips = {},
+                      .newClips = {},
+                      .actionName = QCoreApplication::translate("BatchConnect", "connect Clips")};
     for (const BatchPair& pair : pairs) {
         const ClipInfo& placeholder = placeholders[pair.placeholder];
         ClipInfo connected = placeholder.deepCopy();
@@ -158,13 +162,18 @@ std::vector<Alert> BatchResult::alerts() const {
         return alerts;
     }
     if (connected() != of) {
-        alerts.push_back({.title = u"Could not connect all clips"_s,
-                          .text = u"Only %1 of %2 clips could be connected."_s.arg(connected()).arg(of)});
+        alerts.push_back(
+            {.title = QCoreApplication::translate("BatchConnect", "Could not connect all clips"),
+             .text = QCoreApplication::translate("BatchConnect", "Only %1 of %2 clips could be connected.")
+                         .arg(connected())
+                         .arg(of)});
     }
     if (lackingR3D > 0) {
-        alerts.push_back({.title = u"Red files not found"_s,
-                          .text = u"For one or more clips the original '.r3d' clip could not be found. As a "
-                                  "result the matching result might be incorrect."_s});
+        alerts.push_back({.title = QCoreApplication::translate("BatchConnect", "Red files not found"),
+                          .text = QCoreApplication::translate(
+                              "BatchConnect",
+                              "For one or more clips the original '.r3d' clip could not be found. As a "
+                              "result the matching result might be incorrect.")});
     }
     return alerts;
 }

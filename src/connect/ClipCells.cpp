@@ -150,7 +150,7 @@ bool RatingCell::editorEvent(QEvent* event, QAbstractItemModel* model, const QSt
 
 QWidget* LabelCell::createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex&) const {
     auto* popup = new QComboBox(parent);
-    popup->setAccessibleName(u"Label"_s);
+    popup->setAccessibleName(tr("Label"));
     popup->addItems(_model.labels());
     auto* cell = const_cast<LabelCell*>(
         this);  // NOLINT(cppcoreguidelines-pro-type-const-cast): signals of a const delegate

@@ -13,10 +13,14 @@ namespace marquill {
 
 namespace {
 
-const QString selectPlaceholder =
-    u"Please select at least one place holder clip to connect to a file based clip."_s;
-const QString noP2Files = u"No P2 files found"_s;
-const QString convertedClips = u"Choose folder with clips converted by FCP"_s;
+QString selectPlaceholder() {
+    return ClipConnecting::tr(
+        "Please select at least one place holder clip to connect to a file based clip.");
+}
+
+QString convertedClips() {
+    return ClipConnecting::tr("Choose folder with clips converted by FCP");
+}
 
 }  // namespace
 
@@ -66,18 +70,18 @@ void ClipConnecting::batchConnectClips() {
         return;
     }
     if (selectedPlaceholders().empty()) {
-        showAlert({.title = u"No Place Holder selected"_s, .text = selectPlaceholder});
+        showAlert({.title = tr("No Place Holder selected"), .text = selectPlaceholder()});
         return;
     }
     const bool isQuickTime = gClipType == ClipType::quickTime;
-    const std::optional<QString> folder = chooseFolder(isQuickTime ? u"Choose folder with QuickTime clips"_s
-                                                                   : u"Choose folder with RED clips"_s);
+    const std::optional<QString> folder = chooseFolder(isQuickTime ? tr("Choose folder with QuickTime clips")
+                                                                   : tr("Choose folder with RED clips"));
     if (!folder) {
         return;
     }
     if (!gUseFCPLogAndTransfer) {
         batchConnectClipsWithFolder(*folder, std::nullopt);
-    } else if (const std::optional<QString> converted = chooseFolder(convertedClips)) {
+    } else if (const std::optional<QString> converted = chooseFolder(convertedClips())) {
         batchConnectClipsWithFolder(*folder, converted);
     }
 }
@@ -95,9 +99,9 @@ void ClipConnecting::batchConnectClipsWithFolder(const QString& folder,
     };
     run(batch, work, [this](const std::shared_ptr<Batch>& done) {
         if (done->files.isEmpty()) {
-            showAlert({.title = u"No Clips found"_s,
-                       .text = u"No Clips could be found in the specified folder, please choose another "
-                               "folder."_s});
+            showAlert({.title = tr("No Clips found"),
+                       .text = tr("No Clips could be found in the specified folder, please choose another "
+                                  "folder.")});
             return;
         }
         finish(*done);
@@ -110,10 +114,10 @@ void ClipConnecting::batchConnectP2Clips() {
     }
     const std::shared_ptr<Batch> batch = newBatch();
     if (batch->placeholders.empty()) {
-        showAlert({.title = u"No Place Holder Clips selected"_s, .text = selectPlaceholder});
+        showAlert({.title = tr("No Place Holder Clips selected"), .text = selectPlaceholder()});
         return;
     }
-    const std::optional<QString> root = chooseFolder(u"Choose root folder with P2 clips"_s);
+    const std::optional<QString> root = chooseFolder(tr("Choose root folder with P2 clips"));
     if (!root) {
         return;
     }
@@ -127,12 +131,14 @@ void ClipConnecting::batchConnectP2Clips() {
 
 void ClipConnecting::connectP2Clips(const std::shared_ptr<Batch>& batch) {
     if (batch->p2Clips.empty()) {
-        const QString tryAgain = u"Please try again and choose a P2 root folder."_s;
-        const QString noClips = u"No clips found in the specified folder. "_s;
-        showAlert({.title = noP2Files, .text = batch->isCard ? noClips + tryAgain : tryAgain});
+        showAlert({.title = tr("No P2 files found"),
+                   .text = batch->isCard
+                               ? tr("No clips found in the specified folder. Please try again and choose a "
+                                    "P2 root folder.")
+                               : tr("Please try again and choose a P2 root folder.")});
         return;
     }
-    const std::optional<QString> converted = chooseFolder(convertedClips);
+    const std::optional<QString> converted = chooseFolder(convertedClips());
     if (!converted) {
         return;
     }
@@ -157,7 +163,7 @@ void ClipConnecting::run(const std::shared_ptr<Batch>& batch, Work work, Done do
         work(*batch, [&sheet](qsizetype steps, qsizetype total) { return sheet.report(steps, total); });
         return Result<void>();
     };
-    _sheet.run(*window(), u"Connecting clips…"_s, onItsThread,
+    _sheet.run(*window(), tr("Connecting clips…"), onItsThread,
                [batch, done = std::move(done)](const Result<void>&) { done(batch); });
 }
 
@@ -174,7 +180,7 @@ void ClipConnecting::finish(const Batch& batch) {
 
 void ClipConnecting::connectClip() {
     const std::optional<QString> path = Dialogs::current().chooseFile(
-        window(), {.title = u"Connect Clip"_s, .startFolder = {}, .suffixes = {u"mov"_s}});
+        window(), {.title = tr("Connect Clip"), .startFolder = {}, .suffixes = {u"mov"_s}});
     const std::vector<ClipInfo> selected = _clips.selectedClipArray();
     if (!path || selected.size() != 1 || !ClipStore::isProxyClip(selected.front())) {
         return;
@@ -182,16 +188,16 @@ void ClipConnecting::connectClip() {
     ClipInfo connected = selected.front().deepCopy();
     if (!ClipConnection::doConnectToClip(connected, MediaFiles::clipTypeOfMovie(*path), *path,
                                          std::nullopt)) {
-        showAlert({.title = u"Could not connect Clip"_s,
-                   .text = u"An error has occured while reconciling the clip."_s});
+        showAlert({.title = tr("Could not connect Clip"),
+                   .text = tr("An error has occured while reconciling the clip.")});
         return;
     }
     _clips.changeClipsWithUndo(
-        {.oldClips = selected, .newClips = {connected}, .actionName = u"connect Clip"_s});
+        {.oldClips = selected, .newClips = {connected}, .actionName = tr("connect Clip")});
 }
 
 void ClipConnecting::unConnectSelectedClips() {
-    ClipChangeSet set{.oldClips = {}, .newClips = {}, .actionName = u"unconnect Clips"_s};
+    ClipChangeSet set{.oldClips = {}, .newClips = {}, .actionName = tr("unconnect Clips")};
     for (const ClipInfo& clip : _clips.selectedClipArray()) {
         ClipInfo parted = clip.deepCopy();
         if (ClipConnection::unConnectClip(parted)) {

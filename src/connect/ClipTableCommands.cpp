@@ -21,8 +21,9 @@ bool canBeOpened(const ClipInfo& clip) {
     return !ClipStore::isProxyClip(clip) || ClipStore::isConnected(clip);
 }
 
-const QString couldNotFind = u"Could not find Clip"_s;
-const QString connectAgain = u"Please connect to clip again."_s;
+QString connectAgain() {
+    return ClipTableController::tr("Please connect to clip again.");
+}
 
 }  // namespace
 
@@ -30,12 +31,12 @@ void ClipTableController::buildContextMenu() {
     const auto add = [this](const QString& id, const QString& text, void (ClipTableController::*run)()) {
         _contextMenu.addAction(text, this, run)->setObjectName(id);
     };
-    add(u"openClipInViewer"_s, u"Open in Viewer"_s, &ClipTableController::openClipInViewer);
-    add(u"openClipInQTPlayer"_s, u"Open in Default Player"_s, &ClipTableController::openClipInQTPlayer);
-    add(u"showClipInFinder"_s, u"Show in File Browser"_s, &ClipTableController::showClipInFinder);
+    add(u"openClipInViewer"_s, tr("Open in Viewer"), &ClipTableController::openClipInViewer);
+    add(u"openClipInQTPlayer"_s, tr("Open in Default Player"), &ClipTableController::openClipInQTPlayer);
+    add(u"showClipInFinder"_s, tr("Show in File Browser"), &ClipTableController::showClipInFinder);
     _contextMenu.addSeparator();
-    add(u"renameSelected"_s, u"Rename"_s, &ClipTableController::renameSelected);
-    add(u"deleteItem"_s, u"Move to Trash"_s, &ClipTableController::deleteItem);
+    add(u"renameSelected"_s, tr("Rename"), &ClipTableController::renameSelected);
+    add(u"deleteItem"_s, tr("Move to Trash"), &ClipTableController::deleteItem);
 }
 
 QMenu* ClipTableController::menuForEvent() {
@@ -85,21 +86,21 @@ void ClipTableController::withSelectedFile(const QString& advice,
     if (!path.isEmpty() && fileExists(path)) {
         open(path);
     } else {
-        showAlert(couldNotFind, advice);
+        showAlert(tr("Could not find Clip"), advice);
     }
 }
 
 void ClipTableController::openClipInViewer() {
-    withSelectedFile(connectAgain, openClipWithFile);
+    withSelectedFile(connectAgain(), openClipWithFile);
 }
 
 void ClipTableController::openClipInQTPlayer() {
-    withSelectedFile(u"Please connect to clip in order to open the clip."_s,
+    withSelectedFile(tr("Please connect to clip in order to open the clip."),
                      [this](const QString& path) { openInDefaultPlayer(path); });
 }
 
 void ClipTableController::showClipInFinder() {
-    withSelectedFile(connectAgain, [](const QString& path) { FileBrowser::current().reveal(path); });
+    withSelectedFile(connectAgain(), [](const QString& path) { FileBrowser::current().reveal(path); });
 }
 
 void ClipTableController::openInDefaultPlayer(const QString& path) {
@@ -126,7 +127,7 @@ void ClipTableController::doubleClicked(const QModelIndex& index) {
     }
     const QString path = mediaPathOfClip(_model.clipAt(index.row()), clipFolder().value_or(QString()));
     if (path.isEmpty()) {
-        showAlert(u"Clip not connected"_s, u"Please connect to clip and try again."_s);
+        showAlert(tr("Clip not connected"), tr("Please connect to clip and try again."));
     } else {
         openClipWithFile(path);
     }

@@ -31,7 +31,7 @@ ClipTableController::ClipTableController(TableView& table, QLabel& countText, Un
       _countText(countText),
       _undoManager(undoManager),
       _connecting(std::make_unique<ClipConnecting>(*this)),
-      _labelMenu(u"Labels"_s) {
+      _labelMenu(tr("Labels")) {
     openClipWithFile = [this](const QString& path) { openInDefaultPlayer(path); };
     wireTable();
     buildContextMenu();
@@ -251,8 +251,8 @@ void ClipTableController::deselectAll() {
 
 void ClipTableController::updateClipCount() {
     const std::size_t total = clipArray().size();
-    const QString clips = total == 1 ? u"Clip"_s : u"Clips"_s;
-    _countText.setText(u"%1 of %2 %3 Selected"_s.arg(selectedRows().size()).arg(total).arg(clips));
+    const QString text = total == 1 ? tr("%1 of %2 Clip Selected") : tr("%1 of %2 Clips Selected");
+    _countText.setText(text.arg(selectedRows().size()).arg(total));
 }
 
 void ClipTableController::updateLabelMenu() {

@@ -125,7 +125,7 @@ void ClipTableController::setAttribute(const ClipInfo& clip, const QString& fold
     _writer.write(present, place);
     _undoManager.registerUndo(
         this, [this, present, place, key, before] { setAttribute(present, place, key, before); });
-    _undoManager.setActionName(u"change Clip"_s);
+    _undoManager.setActionName(tr("change Clip"));
     if (isInTable) {
         _model.clipChanged(present);
         sortClips();
@@ -170,13 +170,14 @@ void ClipTableController::renameFile(const ClipInfo& clip, const QString& folder
     }
     const std::optional<QString> from = ClipStore::clipPath(place, oldName);
     const std::optional<QString> to = ClipStore::clipPath(place, clipName);
-    const Result<void> moved = from && to ? FileSystem::current().move(*from, *to)
-                                          : failure(ErrorCode::unsupported, u"No clip can have that name."_s);
+    const Result<void> moved = from && to
+                                   ? FileSystem::current().move(*from, *to)
+                                   : failure(ErrorCode::unsupported, tr("No clip can have that name."));
     if (!moved) {
         qCWarning(logConnect).noquote() << moved.error().description();
         // Once the cell's editor is closed: an alert would take its focus and make it hand its text in again.
         DelayedCalls::performAfterDelay(this, 0, [this] {
-            showAlert(u"Couldn't change name"_s, u"The clip name could not be changed."_s);
+            showAlert(tr("Couldn't change name"), tr("The clip name could not be changed."));
         });
         return;
     }
@@ -188,7 +189,7 @@ void ClipTableController::renameFile(const ClipInfo& clip, const QString& folder
     ClipInfo(clip).setClipName(clipName);
     _writer.write(present, place);
     _undoManager.registerUndo(this, [this, present, place, oldName] { renameFile(present, place, oldName); });
-    _undoManager.setActionName(u"rename Clip"_s);
+    _undoManager.setActionName(tr("rename Clip"));
     if (isInTable) {
         // Selected anew, so that what shows the clip's movie looks for it under its new name.
         _model.clipChanged(present);

@@ -1,5 +1,7 @@
 #include "connect/ClipTableModel.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <array>
 #include <ranges>
@@ -10,23 +12,27 @@ namespace {
 
 struct ColumnDescription {
     const char16_t* identifier;
-    const char16_t* title;
-    const char16_t* spokenTitle;
+    const char* title;
+    const char* spokenTitle;
 };
 
 constexpr std::array<ColumnDescription, ClipTableModel::columnCountOfTable> columns = {{
-    {u"number", u"#", u"Number"},
-    {u"icon", u"", u"Status"},
-    {u"clip", u"Clip", u"Clip"},
-    {u"file", u"File", u"File"},
-    {u"duration", u"Duration", u"Duration"},
-    {u"creationdate", u"Creation Date", u"Creation Date"},
-    {u"filesize", u"File Size", u"File Size"},
-    {u"rating", u"Rating", u"Rating"},
-    {u"label", u"Label", u"Label"},
-    {u"comment", u"Comment", u"Comment"},
-    {u"scene", u"Scene", u"Scene"},
-    {u"take", u"Take", u"Take"},
+    {u"number", "#", QT_TRANSLATE_NOOP("ClipTableModel", "Number")},
+    {u"icon", "", QT_TRANSLATE_NOOP("ClipTableModel", "Status")},
+    {u"clip", QT_TRANSLATE_NOOP("ClipTableModel", "Clip"), QT_TRANSLATE_NOOP("ClipTableModel", "Clip")},
+    {u"file", QT_TRANSLATE_NOOP("ClipTableModel", "File"), QT_TRANSLATE_NOOP("ClipTableModel", "File")},
+    {u"duration", QT_TRANSLATE_NOOP("ClipTableModel", "Duration"),
+     QT_TRANSLATE_NOOP("ClipTableModel", "Duration")},
+    {u"creationdate", QT_TRANSLATE_NOOP("ClipTableModel", "Creation Date"),
+     QT_TRANSLATE_NOOP("ClipTableModel", "Creation Date")},
+    {u"filesize", QT_TRANSLATE_NOOP("ClipTableModel", "File Size"),
+     QT_TRANSLATE_NOOP("ClipTableModel", "File Size")},
+    {u"rating", QT_TRANSLATE_NOOP("ClipTableModel", "Rating"), QT_TRANSLATE_NOOP("ClipTableModel", "Rating")},
+    {u"label", QT_TRANSLATE_NOOP("ClipTableModel", "Label"), QT_TRANSLATE_NOOP("ClipTableModel", "Label")},
+    {u"comment", QT_TRANSLATE_NOOP("ClipTableModel", "Comment"),
+     QT_TRANSLATE_NOOP("ClipTableModel", "Comment")},
+    {u"scene", QT_TRANSLATE_NOOP("ClipTableModel", "Scene"), QT_TRANSLATE_NOOP("ClipTableModel", "Scene")},
+    {u"take", QT_TRANSLATE_NOOP("ClipTableModel", "Take"), QT_TRANSLATE_NOOP("ClipTableModel", "Take")},
 }};
 
 // Numbers end in line under each other, texts begin in line.
@@ -265,10 +271,10 @@ QVariant ClipTableModel::headerData(int section, Qt::Orientation orientation, in
     const ColumnDescription& column = columns.at(static_cast<std::size_t>(section));
     switch (role) {
         case Qt::DisplayRole:
-            return QString::fromUtf16(column.title);
+            return QCoreApplication::translate("ClipTableModel", column.title);
         case Qt::ToolTipRole:
         case Qt::AccessibleTextRole:
-            return QString::fromUtf16(column.spokenTitle);
+            return QCoreApplication::translate("ClipTableModel", column.spokenTitle);
         case Qt::TextAlignmentRole:
             return QVariant::fromValue(alignment(section));
         default:

@@ -12,8 +12,13 @@ namespace marquill {
 
 namespace {
 
-const QString addTitle = u"add Clip(s)"_s;
-const QString deleteTitle = u"move Clip(s) to Trash"_s;
+QString addTitle() {
+    return ClipTableController::tr("add Clip(s)");
+}
+
+QString deleteTitle() {
+    return ClipTableController::tr("move Clip(s) to Trash");
+}
 
 QString trashOf(const QString& folder) {
     return joinPath(folder, u"Trash"_s);
@@ -23,7 +28,8 @@ Result<QString> placeOf(const QString& clipName, const QString& folder) {
     if (const std::optional<QString> path = ClipStore::clipPath(folder, clipName)) {
         return *path;
     }
-    return failure(ErrorCode::malformed, u"No clip can have the name “%1”."_s.arg(clipName), folder);
+    return failure(ErrorCode::malformed,
+                   ClipTableController::tr("No clip can have the name “%1”.").arg(clipName), folder);
 }
 
 // One step, so that the item of that name which is in the trash goes only when the clip takes its place.
@@ -101,23 +107,23 @@ void ClipTableController::addClipsWithUndo(const ClipSet& set) {
         selectClips(set.clipArray);
         updateClipCount();
     }
-    registerUndo(&ClipTableController::undoAddClipsWithUndo, set, addTitle);
+    registerUndo(&ClipTableController::undoAddClipsWithUndo, set, addTitle());
 }
 
 void ClipTableController::undoAddClipsWithUndo(const ClipSet& set) {
-    moveToTrash(set, &ClipTableController::redoAddClipsWithUndo, addTitle);
+    moveToTrash(set, &ClipTableController::redoAddClipsWithUndo, addTitle());
 }
 
 void ClipTableController::redoAddClipsWithUndo(const ClipSet& set) {
-    moveFromTrash(set, &ClipTableController::undoAddClipsWithUndo, addTitle);
+    moveFromTrash(set, &ClipTableController::undoAddClipsWithUndo, addTitle());
 }
 
 void ClipTableController::deleteClipsWithUndo(const ClipSet& set) {
-    moveToTrash(set, &ClipTableController::undoDeleteClipsWithUndo, deleteTitle);
+    moveToTrash(set, &ClipTableController::undoDeleteClipsWithUndo, deleteTitle());
 }
 
 void ClipTableController::undoDeleteClipsWithUndo(const ClipSet& set) {
-    moveFromTrash(set, &ClipTableController::deleteClipsWithUndo, deleteTitle);
+    moveFromTrash(set, &ClipTableController::deleteClipsWithUndo, deleteTitle());
 }
 
 // The inverse is told of the clips that were moved and no others: an older item of the same name in the trash

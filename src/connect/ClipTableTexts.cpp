@@ -54,28 +54,28 @@ QString megabytes(qint64 bytes) {
     constexpr qint64 wholeFrom = 10 * bytesPerMegabyte;
     if (bytes < wholeFrom) {
         const double size = static_cast<double>(bytes) / static_cast<double>(bytesPerMegabyte);
-        return u"%1 MB"_s.arg(size, 1, 'f', 2);
+        return ClipTableModel::tr("%1 MB").arg(size, 1, 'f', 2);
     }
-    return u"%1 MB"_s.arg(bytes / bytesPerMegabyte);
+    return ClipTableModel::tr("%1 MB").arg(bytes / bytesPerMegabyte);
 }
 
 QString statusText(ClipStatus status) {
     switch (status) {
         case ClipStatus::movie:
-            return u"Movie"_s;
+            return ClipTableModel::tr("Movie");
         case ClipStatus::notConnected:
-            return u"Not connected"_s;
+            return ClipTableModel::tr("Not connected");
         case ClipStatus::qtConnected:
         case ClipStatus::redConnected:
         case ClipStatus::p2Connected:
-            return u"Connected"_s;
+            return ClipTableModel::tr("Connected");
         default:
-            return u"Media not found"_s;
+            return ClipTableModel::tr("Media not found");
     }
 }
 
 QString stars(qint64 rating) {
-    return rating == 1 ? u"1 star"_s : u"%1 stars"_s.arg(rating);
+    return rating == 1 ? ClipTableModel::tr("1 star") : ClipTableModel::tr("%1 stars").arg(rating);
 }
 
 // Texts that a cell may be too narrow for.
@@ -144,7 +144,7 @@ QString ClipTableModel::fileText(const ClipInfo& clip) const {
         return none;
     }
     const std::optional<QString> path = clip.clipPath();
-    return path ? withoutPathExtension(lastPathComponent(*path)) : u"not connected"_s;
+    return path ? withoutPathExtension(lastPathComponent(*path)) : tr("not connected");
 }
 
 QString ClipTableModel::creationDateText(int row) const {
@@ -216,7 +216,7 @@ QString ClipTableModel::toolTip(int row, int column) const {
     }
     const QString chosen = column == label ? clipAt(row).clipLabel().value_or(QString()) : QString();
     if (!chosen.isEmpty() && !_labels.contains(chosen)) {
-        return u"“%1” is not in the label list"_s.arg(chosen);
+        return tr("“%1” is not in the label list").arg(chosen);
     }
     return isLongText(column) ? text(row, column) : QString();
 }

@@ -36,19 +36,19 @@ QList<ClipViewer*>& openViewers() {
 
 void tell(const QString& title, const QString& text) {
     Dialogs::current().alert(QApplication::activeWindow(),
-                             {.title = title, .text = text, .buttons = {u"OK"_s}});
+                             {.title = title, .text = text, .buttons = {ClipViewer::tr("OK")}});
 }
 
 }  // namespace
 
 ClipViewer* ClipViewer::openClipWithFile(const std::optional<QString>& path) {
     if (!path) {
-        tell(u"Clip file not specified"_s, QString());
+        tell(tr("Clip file not specified"), QString());
         return nullptr;
     }
     if (!FileSystem::current().attributes(*path, Links::follow)) {
-        tell(u"Could not find Clip"_s,
-             u"Please connect to clip again or mount the volume where the clip resides."_s);
+        tell(tr("Could not find Clip"),
+             tr("Please connect to clip again or mount the volume where the clip resides."));
         return nullptr;
     }
     for (ClipViewer* viewer : openViewers()) {

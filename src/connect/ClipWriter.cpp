@@ -102,13 +102,21 @@ QString ClipWriter::unwrittenText() const {
         return {};
     }
     const std::size_t others = _unwritten.size() - 1;
-    return textFor(_unwritten.front(), others == 0   ? QString()
-                                       : others == 1 ? u" and 1 other clip"_s
-                                                     : u" and %1 other clips"_s.arg(others));
+    const Unwritten& first = _unwritten.front();
+    return others == 0 ? textFor(first) : textForSeveral(first, others);
 }
 
-QString ClipWriter::textFor(const Unwritten& unwritten, const QString& others) {
-    return u"“%1”%2 could not be saved: %3"_s.arg(nameOf(unwritten.clip), others, unwritten.error.message);
+QString ClipWriter::textFor(const Unwritten& unwritten) {
+    return tr("“%1” could not be saved: %2").arg(nameOf(unwritten.clip), unwritten.error.message);
+}
+
+QString ClipWriter::textForSeveral(const Unwritten& first, std::size_t others) {
+    if (others == 1) {
+        return tr("“%1” and 1 other clip could not be saved: %2")
+            .arg(nameOf(first.clip), first.error.message);
+    }
+    return tr("“%1” and %2 other clips could not be saved: %3")
+        .arg(nameOf(first.clip), QString::number(others), first.error.message);
 }
 
 void ClipWriter::clipMoved(const ClipInfo& clip, const QString& from, const QString& to) {

@@ -60,7 +60,8 @@ class ClipWriter : public QObject {
     void forget(const QString& folder, const QString& clipName);
     bool isDone(Unwritten& unwritten);
     bool isDone(Unwritten& unwritten, const Result<void>& written);
-    static QString textFor(const Unwritten& unwritten, const QString& others = {});
+    static QString textFor(const Unwritten& unwritten);
+    static QString textForSeveral(const Unwritten& first, std::size_t others);
     void retryInTurn();
     void tellWhenAllWritten();
 

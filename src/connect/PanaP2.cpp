@@ -7,6 +7,8 @@
 #include "platform/Subpaths.h"
 #include "platform/XmlEncoding.h"
 
+#include <QCoreApplication>
+
 #include <pugixml.hpp>
 
 namespace marquill {
@@ -26,8 +28,10 @@ Result<void> parse(pugi::xml_document& document, QByteArray& utf8) {
     }
     for (pugi::xml_node next = document.document_element().next_sibling(); next; next = next.next_sibling()) {
         if (next.type() == pugi::node_element) {
-            return failure(ErrorCode::malformed, u"There is more than one element at the top."_s, {},
-                           next.offset_debug());
+            return failure(
+                ErrorCode::malformed,
+                QCoreApplication::translate("PanaP2", "There is more than one element at the top."), {},
+                next.offset_debug());
         }
     }
     return {};

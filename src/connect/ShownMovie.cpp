@@ -3,6 +3,7 @@
 #include "movie/SampleTimes.h"
 #include "platform/Log.h"
 
+#include <QCoreApplication>
 #include <QtMath>
 
 #include <cmath>
@@ -78,12 +79,14 @@ MovieSource movieSource(const Movie& movie) {
 std::optional<QString> lossOfFile(const Movie& movie) {
     const Result<FileAttributes> attributes = FileSystem::current().attributes(movie.path(), Links::follow);
     if (!attributes) {
-        return u"This movie is gone. Was it moved or deleted?"_s;
+        return QCoreApplication::translate("ShownMovie", "This movie is gone. Was it moved or deleted?");
     }
     const FileIdentity& shown = movie.identity();
     const bool isSame = attributes->device == shown.device && attributes->inode == shown.inode &&
                         attributes->size >= shown.size;
-    return isSame ? std::nullopt : std::optional(u"This movie was replaced, and cannot be shown any more."_s);
+    return isSame ? std::nullopt
+                  : std::optional(QCoreApplication::translate(
+                        "ShownMovie", "This movie was replaced, and cannot be shown any more."));
 }
 
 }  // namespace marquill
