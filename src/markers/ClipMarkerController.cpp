@@ -82,7 +82,7 @@ ClipMarkerController::~ClipMarkerController() {
 
 void ClipMarkerController::wireTable() {
     TableView& table = _outlets.tableView;
-    table.setAccessibleName(u"Markers of the clip"_s);
+    table.setAccessibleName(tr("Markers of the clip"));
     table.setModel(&_model);
     table.setItemDelegate(new TextCell(&table));
     table.setSelectionMode(QAbstractItemView::ExtendedSelection);
@@ -107,13 +107,13 @@ void ClipMarkerController::wireButtons() {
         button.setToolTip(tip);
         connect(&button, &QAbstractButton::clicked, this, command);
     };
-    wire(_outlets.addMarkerButton, u"Add Marker"_s, u"Add a marker at the current time"_s,
+    wire(_outlets.addMarkerButton, tr("Add Marker"), tr("Add a marker at the current time"),
          &ClipMarkerController::addButtonClicked);
-    wire(_outlets.deleteMarkerButton, u"Delete Marker(s)"_s, u"Delete the selected markers"_s,
+    wire(_outlets.deleteMarkerButton, tr("Delete Marker(s)"), tr("Delete the selected markers"),
          &ClipMarkerController::deleteItem);
-    wire(_outlets.setStartButton, u"Set Start"_s, u"Start the selected marker at the current time"_s,
+    wire(_outlets.setStartButton, tr("Set Start"), tr("Start the selected marker at the current time"),
          &ClipMarkerController::startButtonClicked);
-    wire(_outlets.setStopButton, u"Set Stop"_s, u"End the selected marker at the current time"_s,
+    wire(_outlets.setStopButton, tr("Set Stop"), tr("End the selected marker at the current time"),
          &ClipMarkerController::stopButtonClicked);
 }
 
@@ -133,13 +133,13 @@ void ClipMarkerController::buildContextMenu() {
     const auto add = [this](const QString& id, const QString& text, void (ClipMarkerController::*command)()) {
         _contextMenu.addAction(text, this, command)->setObjectName(id);
     };
-    add(u"addButtonClicked"_s, u"Add Marker"_s, &ClipMarkerController::addButtonClicked);
-    add(u"deleteItem"_s, u"Delete Marker(s)"_s, &ClipMarkerController::deleteItem);
+    add(u"addButtonClicked"_s, tr("Add Marker"), &ClipMarkerController::addButtonClicked);
+    add(u"deleteItem"_s, tr("Delete Marker(s)"), &ClipMarkerController::deleteItem);
     _contextMenu.addSeparator();
-    add(u"startButtonClicked"_s, u"Set Start"_s, &ClipMarkerController::startButtonClicked);
-    add(u"stopButtonClicked"_s, u"Set Stop"_s, &ClipMarkerController::stopButtonClicked);
+    add(u"startButtonClicked"_s, tr("Set Start"), &ClipMarkerController::startButtonClicked);
+    add(u"stopButtonClicked"_s, tr("Set Stop"), &ClipMarkerController::stopButtonClicked);
     _contextMenu.addSeparator();
-    add(u"renameSelected"_s, u"Rename"_s, &ClipMarkerController::renameSelected);
+    add(u"renameSelected"_s, tr("Rename"), &ClipMarkerController::renameSelected);
 }
 
 QMenu* ClipMarkerController::menuForEvent() {
@@ -239,9 +239,8 @@ void ClipMarkerController::scrollToMarker(const Marker& marker) {
 
 void ClipMarkerController::updateMarkerCount() {
     const int total = _model.rowCount();
-    const QString markers = total == 1 ? u"Marker"_s : u"Markers"_s;
-    _outlets.markerCount.setText(
-        u"%1 of %2 %3 Selected"_s.arg(selectedRows().size()).arg(total).arg(markers));
+    const QString text = total == 1 ? tr("%1 of %2 Marker Selected") : tr("%1 of %2 Markers Selected");
+    _outlets.markerCount.setText(text.arg(selectedRows().size()).arg(total));
 }
 
 // The add button too: where a clip that is not connected would have it disabled, a selection enables it.

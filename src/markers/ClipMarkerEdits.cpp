@@ -11,8 +11,13 @@ namespace marquill {
 
 namespace {
 
-const QString addMarkers = u"add Marker(s)"_s;
-const QString deleteMarkers = u"delete Marker(s)"_s;
+QString addMarkers() {
+    return ClipMarkerController::tr("add Marker(s)");
+}
+
+QString deleteMarkers() {
+    return ClipMarkerController::tr("delete Marker(s)");
+}
 
 Value valueOf(const Marker& marker, const QString& key) {
     const Value* value = marker.record().find(key);
@@ -27,19 +32,19 @@ bool setValueOf(const Marker& marker, const QString& key, const Value& value) {
 }  // namespace
 
 void ClipMarkerController::addMarkersWithUndo(const std::vector<Marker>& markers) {
-    insertMarkers(markers, &ClipMarkerController::undoAddMarkersWithUndo, addMarkers);
+    insertMarkers(markers, &ClipMarkerController::undoAddMarkersWithUndo, addMarkers());
 }
 
 void ClipMarkerController::undoAddMarkersWithUndo(const std::vector<Marker>& markers) {
-    takeMarkers(markers, &ClipMarkerController::addMarkersWithUndo, addMarkers);
+    takeMarkers(markers, &ClipMarkerController::addMarkersWithUndo, addMarkers());
 }
 
 void ClipMarkerController::deleteMarkersWithUndo(const std::vector<Marker>& markers) {
-    takeMarkers(markers, &ClipMarkerController::undoDeleteMarkersWithUndo, deleteMarkers);
+    takeMarkers(markers, &ClipMarkerController::undoDeleteMarkersWithUndo, deleteMarkers());
 }
 
 void ClipMarkerController::undoDeleteMarkersWithUndo(const std::vector<Marker>& markers) {
-    insertMarkers(markers, &ClipMarkerController::deleteMarkersWithUndo, deleteMarkers);
+    insertMarkers(markers, &ClipMarkerController::deleteMarkersWithUndo, deleteMarkers());
 }
 
 void ClipMarkerController::insertMarkers(const std::vector<Marker>& markers, MarkerOperation inverse,
@@ -104,7 +109,7 @@ void ClipMarkerController::setObjectValue(const QVariant& value, int column, int
     changeMarkerPropertyWithUndo({.item = marker,
                                   .key = key,
                                   .value = isAsBefore ? valueOf(marker, key) : Value(value.toString()),
-                                  .action = isName ? u"change Marker Name"_s : u"change Marker Comment"_s});
+                                  .action = isName ? tr("change Marker Name") : tr("change Marker Comment")});
 }
 
 void ClipMarkerController::deleteItem() {
@@ -128,7 +133,7 @@ void ClipMarkerController::startButtonClicked() {
         changeMarkerPropertyWithUndo({.item = selected.front(),
                                       .key = clipMarkerIn,
                                       .value = currentTime(),
-                                      .action = u"change Marker Start"_s});
+                                      .action = tr("change Marker Start")});
     }
 }
 
@@ -138,7 +143,7 @@ void ClipMarkerController::stopButtonClicked() {
         changeMarkerPropertyWithUndo({.item = selected.front(),
                                       .key = clipMarkerDur,
                                       .value = currentTime() - selected.front().in().value_or(0.0),
-                                      .action = u"change Marker Stop"_s});
+                                      .action = tr("change Marker Stop")});
     }
 }
 

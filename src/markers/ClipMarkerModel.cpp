@@ -18,16 +18,20 @@ namespace {
 
 struct ColumnDescription {
     const char16_t* identifier;
-    const char16_t* title;
-    const char16_t* spokenTitle;
+    const char* title;
+    const char* spokenTitle;
 };
 
 constexpr std::array<ColumnDescription, ClipMarkerModel::columnCountOfTable> columns = {{
-    {u"markerIndex", u"#", u"Number"},
-    {u"markerName", u"Name", u"Name"},
-    {u"markerStart", u"Start", u"Start"},
-    {u"markerDuration", u"Duration", u"Duration"},
-    {u"markerComment", u"Comment", u"Comment"},
+    {u"markerIndex", "#", QT_TRANSLATE_NOOP("ClipMarkerModel", "Number")},
+    {u"markerName", QT_TRANSLATE_NOOP("ClipMarkerModel", "Name"),
+     QT_TRANSLATE_NOOP("ClipMarkerModel", "Name")},
+    {u"markerStart", QT_TRANSLATE_NOOP("ClipMarkerModel", "Start"),
+     QT_TRANSLATE_NOOP("ClipMarkerModel", "Start")},
+    {u"markerDuration", QT_TRANSLATE_NOOP("ClipMarkerModel", "Duration"),
+     QT_TRANSLATE_NOOP("ClipMarkerModel", "Duration")},
+    {u"markerComment", QT_TRANSLATE_NOOP("ClipMarkerModel", "Comment"),
+     QT_TRANSLATE_NOOP("ClipMarkerModel", "Comment")},
 }};
 
 // Numbers end in line under each other, texts begin in line.
@@ -258,10 +262,10 @@ QVariant ClipMarkerModel::headerData(int section, Qt::Orientation orientation, i
     const ColumnDescription& column = columns.at(static_cast<std::size_t>(section));
     switch (role) {
         case Qt::DisplayRole:
-            return QString::fromUtf16(column.title);
+            return QCoreApplication::translate("ClipMarkerModel", column.title);
         case Qt::ToolTipRole:
         case Qt::AccessibleTextRole:
-            return QString::fromUtf16(column.spokenTitle);
+            return QCoreApplication::translate("ClipMarkerModel", column.spokenTitle);
         case Qt::TextAlignmentRole:
             return QVariant::fromValue(alignment(section));
         default:

@@ -65,7 +65,7 @@ QString MarkerButton::digit() const {
 void MarkerButton::tellTitle() {
     const QString key = QKeySequence(u"Alt+"_s + digit()).toString(QKeySequence::NativeText);
     setToolTip(title().isEmpty() ? key : u"%1 (%2)"_s.arg(title(), key));
-    setAccessibleName(title().isEmpty() ? u"Untitled marker %1"_s.arg(digit()) : title());
+    setAccessibleName(title().isEmpty() ? tr("Untitled marker %1").arg(digit()) : title());
 }
 
 void MarkerButton::setEnabled(bool enabled) {
@@ -152,7 +152,7 @@ void MarkerButton::startTextEdit() {
     _isEditing = true;
     placeTextField();
     _textField->setText(title());
-    _textField->setAccessibleName(u"Title of marker %1"_s.arg(digit()));
+    _textField->setAccessibleName(tr("Title of marker %1").arg(digit()));
     _textField->setEnabled(true);
     _textField->show();
     _textField->raise();

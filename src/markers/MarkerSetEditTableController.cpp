@@ -89,15 +89,15 @@ void MarkerSetEditTableController::buildCommands() {
     };
     using This = MarkerSetEditTableController;
     const Command commands[] = {
-        {id::addItem, u"Add Set"_s, {}, Qt::WidgetShortcut, &This::addItem},
-        {id::duplicateItem, u"Duplicate Set"_s, {}, Qt::WidgetShortcut, &This::duplicateItem},
-        {id::deleteItem, u"Delete Set"_s, {}, Qt::WidgetShortcut, &This::deleteItem},
+        {id::addItem, tr("Add Set"), {}, Qt::WidgetShortcut, &This::addItem},
+        {id::duplicateItem, tr("Duplicate Set"), {}, Qt::WidgetShortcut, &This::duplicateItem},
+        {id::deleteItem, tr("Delete Set"), {}, Qt::WidgetShortcut, &This::deleteItem},
         // The key opens the title, whichever of the row's cells was clicked.
-        {id::rename, u"Rename"_s, Qt::Key_F2, Qt::WidgetShortcut, &This::editSelected},
-        {id::moveUp, u"Move Up"_s, Qt::ALT | Qt::Key_Up, Qt::WidgetShortcut, &This::moveUp},
-        {id::moveDown, u"Move Down"_s, Qt::ALT | Qt::Key_Down, Qt::WidgetShortcut, &This::moveDown},
-        {id::undo, u"Undo"_s, Qt::CTRL | Qt::Key_Z, Qt::WindowShortcut, &This::undo},
-        {id::redo, u"Redo"_s, Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Qt::WindowShortcut, &This::redo},
+        {id::rename, tr("Rename"), Qt::Key_F2, Qt::WidgetShortcut, &This::editSelected},
+        {id::moveUp, tr("Move Up"), Qt::ALT | Qt::Key_Up, Qt::WidgetShortcut, &This::moveUp},
+        {id::moveDown, tr("Move Down"), Qt::ALT | Qt::Key_Down, Qt::WidgetShortcut, &This::moveDown},
+        {id::undo, tr("Undo"), Qt::CTRL | Qt::Key_Z, Qt::WindowShortcut, &This::undo},
+        {id::redo, tr("Redo"), Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Qt::WindowShortcut, &This::redo},
     };
     for (const Command& command : commands) {
         auto* action = new QAction(command.text, this);
@@ -150,7 +150,7 @@ void MarkerSetEditTableController::endEditing() {
 void MarkerSetEditTableController::addItem() {
     addItemWithUndo({.item = MarkerSetStore::newMarkerSetWithTitle(u"New Set"_s),
                      .index = _model.rowCount(),
-                     .action = u"add New Set"_s});
+                     .action = tr("add New Set")});
 }
 
 void MarkerSetEditTableController::duplicateItem() {
@@ -158,7 +158,7 @@ void MarkerSetEditTableController::duplicateItem() {
         const QString title = source->title().value_or(QString());
         addItemWithUndo({.item = MarkerSetStore::duplicateMarkerSet(*source, title),
                          .index = _model.rowCount(),
-                         .action = u"duplicate Set"_s});
+                         .action = tr("duplicate Set")});
     }
 }
 
@@ -166,14 +166,14 @@ void MarkerSetEditTableController::deleteItem() {
     if (_model.rowCount() < 2) {
         Dialogs::current().alert(
             _tableView.window(),
-            {.title = u"Not allowed"_s,
-             .text = u"At least one marker set is required. You cannot delete the only one."_s});
+            {.title = tr("Not allowed"),
+             .text = tr("At least one marker set is required. You cannot delete the only one.")});
         return;
     }
     const QPointer<QWidget> focus = _tableView.window()->focusWidget();
     const int row = selectedIndex();
     if (const std::optional<MarkerSet> item = _model.itemAt(row)) {
-        deleteItemWithUndo({.item = *item, .index = row, .action = u"delete Set"_s});
+        deleteItemWithUndo({.item = *item, .index = row, .action = tr("delete Set")});
     }
     if (selectedIndex() < 0) {
         selectIndex(_model.rowCount() - 1);
@@ -214,7 +214,7 @@ void MarkerSetEditTableController::setItemNameWithUndo(const MarkerSetChange& ch
     MarkerSet renamed(change.item.record().copy());
     renamed.setTitle(change.itemTitle);
     registerUndo(&MarkerSetEditTableController::setItemNameWithUndo, {.item = renamed, .itemTitle = oldTitle},
-                 u"change Set Title"_s);
+                 tr("change Set Title"));
     _model.replace(row, renamed);
 }
 
@@ -230,7 +230,7 @@ void MarkerSetEditTableController::moveItemWithUndo(const MarkerSetChange& chang
     selectIndex(isDown ? target - 1 : target);
     tableViewSelectionDidChange();
     registerUndo(&MarkerSetEditTableController::moveItemWithUndo,
-                 {.item = change.item, .index = isDown ? current : current + 1}, u"move Set"_s);
+                 {.item = change.item, .index = isDown ? current : current + 1}, tr("move Set"));
 }
 
 void MarkerSetEditTableController::clearActions() {
@@ -291,10 +291,10 @@ void MarkerSetEditTableController::tableViewSelectionDidChange() {
 void MarkerSetEditTableController::undoManagerDidChange() {
     QAction* undo = command(id::undo);
     undo->setEnabled(_undoManager.canUndo());
-    undo->setText(u"Undo %1"_s.arg(_undoManager.undoActionName()).trimmed());
+    undo->setText(UndoManager::undoTitle(_undoManager.undoActionName()));
     QAction* redo = command(id::redo);
     redo->setEnabled(_undoManager.canRedo());
-    redo->setText(u"Redo %1"_s.arg(_undoManager.redoActionName()).trimmed());
+    redo->setText(UndoManager::redoTitle(_undoManager.redoActionName()));
 }
 
 }  // namespace marquill

@@ -117,7 +117,7 @@ QVariant MarkerSetEditTableModel::headerData(int section, Qt::Orientation orient
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole) {
         return {};
     }
-    return section == indexColumn ? u"#"_s : u"Marker set"_s;
+    return section == indexColumn ? u"#"_s : tr("Marker set");
 }
 
 // A row takes no drop itself, so that every drop falls between rows; what is dropped there falls on the root.

@@ -14,7 +14,7 @@ Result<std::unique_ptr<MarkerSetSheet>> MarkerSetSheet::create(QWidget& panel) {
         return std::unexpected(loaded.error());
     }
     if (!qobject_cast<QDialog*>(loaded->get())) {
-        return failure(ErrorCode::malformed, u"the description of the marker set editor is of no dialog"_s);
+        return failure(ErrorCode::malformed, tr("the description of the marker set editor is of no dialog"));
     }
     std::unique_ptr<QDialog> window(static_cast<QDialog*>(loaded->release()));
     window->setParent(&panel, window->windowFlags());

@@ -2,6 +2,8 @@
 
 #include "platform/Clock.h"
 
+#include <QCoreApplication>
+
 namespace marquill {
 
 namespace {
@@ -32,16 +34,20 @@ QString MarkerSetStore::markerStringAtIndex(int index, const MarkerSet& set) {
 
 Result<void> MarkerSetStore::setMarkerString(const QString& title, MarkerSet set, int index) {
     if (index < 0) {
-        return failure(ErrorCode::notFound, u"there is no marker button %1"_s.arg(index));
+        return failure(
+            ErrorCode::notFound,
+            QCoreApplication::translate("MarkerSetStore", "there is no marker button %1").arg(index));
     }
     std::optional<Array> titles = set.markerArray();
     if (!titles && set.setMarkerArray(Array())) {
         titles = set.markerArray();
     }
     if (!titles || titles->isFrozen()) {
-        return failure(ErrorCode::frozen,
-                       u"the marker set \"%1\" is read-only; duplicate it to change its titles"_s.arg(
-                           set.title().value_or(QString())));
+        return failure(
+            ErrorCode::frozen,
+            QCoreApplication::translate(
+                "MarkerSetStore", "the marker set \"%1\" is read-only; duplicate it to change its titles")
+                .arg(set.title().value_or(QString())));
     }
     while (titles->size() <= index) {
         titles->append(QString());

@@ -49,7 +49,7 @@ Dictionary readSettings() {
 }
 
 Error wrongDescription(const QString& what) {
-    return Error{ErrorCode::malformed, u"the description of the marker window "_s + what};
+    return Error{ErrorCode::malformed, what};
 }
 
 }  // namespace
@@ -159,7 +159,7 @@ Result<void> MarkerSets::loadWindow() {
     _window = *std::move(window);
     _markerPanel = qobject_cast<FloatingPanel*>(_window.get());
     if (!_markerPanel) {
-        return std::unexpected(wrongDescription(u"is of no panel"_s));
+        return std::unexpected(wrongDescription(tr("the description of the marker window is of no panel")));
     }
     Outlets outlets(*_window);
     outlets.connect(_setPopup, u"_setPopup"_s);
@@ -177,7 +177,8 @@ Result<void> MarkerSets::awakeFromNib() {
             continue;
         }
         if (button->tag() < 0 || button->tag() >= buttonCount || _buttonArray.at(size_t(button->tag()))) {
-            return std::unexpected(wrongDescription(u"gives a button a wrong tag"_s));
+            return std::unexpected(
+                wrongDescription(tr("the description of the marker window gives a button a wrong tag")));
         }
         _buttonArray.at(size_t(button->tag())) = button;
         button->setDelegate(this);
@@ -185,7 +186,8 @@ Result<void> MarkerSets::awakeFromNib() {
         ++found;
     }
     if (found != buttonCount) {
-        return std::unexpected(wrongDescription(u"lacks marker buttons"_s));
+        return std::unexpected(
+            wrongDescription(tr("the description of the marker window lacks marker buttons")));
     }
     setEnabled(false);
     // Activated is the user's choice; what the program selects takes its own way.
