@@ -28,18 +28,18 @@ constexpr std::chrono::seconds heartbeatInterval{2};
 
 void alertFolderNotSelected(QWidget* window) {
     Dialogs::current().alert(
-        window,
-        {.title = u"Recording destination folder not selected"_s,
-         .text = u"Please specify a folder to record to by clicking in the column on the left of your "
-                 "destination folder's name in the Clip Manager. When properly selected a red bulls-eye "
-                 "icon will appear to the left of the currently selected Project Folder."_s});
+        window, {.title = OfflineRecorder::tr("Recording destination folder not selected"),
+                 .text = OfflineRecorder::tr(
+                     "Please specify a folder to record to by clicking in the column on the left of your "
+                     "destination folder's name in the Clip Manager. When properly selected a red bulls-eye "
+                     "icon will appear to the left of the currently selected Project Folder.")});
 }
 
 void alertClipNotCreated(QWidget* window) {
     Dialogs::current().alert(
-        window,
-        {.title = u"Couldn't create Place Holder Clip"_s,
-         .text = u"The place holder file couldn't be created. Please check your user permissions."_s});
+        window, {.title = OfflineRecorder::tr("Couldn't create Place Holder Clip"),
+                 .text = OfflineRecorder::tr(
+                     "The place holder file couldn't be created. Please check your user permissions.")});
 }
 
 }  // namespace

@@ -150,9 +150,10 @@ void OfflineRecorder::updateTakeNoUI() {
 }
 
 void OfflineRecorder::journalProblemChanged(const QString& problem) {
-    _journalProblem = problem.isEmpty()
-                          ? QString()
-                          : u"A crash would cost this take: its journal cannot be written. "_s + problem;
+    _journalProblem =
+        problem.isEmpty()
+            ? QString()
+            : tr("A crash would cost this take: its journal cannot be written. %1").arg(problem);
     showWarnings();
 }
 
@@ -192,9 +193,9 @@ void OfflineRecorder::showElapsed(double seconds) {
 // The state is told by a word and a frame as well, so that it can be read without colour and from afar.
 void OfflineRecorder::showRecordingState(bool recording) {
     _recordButton->setIcon(recording ? _recordActiveImage : _recordNormalImage);
-    _recordButton->setToolTip(recording ? u"Stop Recording (Esc)"_s : u"Start Recording (Ctrl+Space)"_s);
-    _recordButton->setAccessibleName(recording ? u"Stop Recording"_s : u"Start Recording"_s);
-    _recordState->setText(recording ? u"RECORDING"_s : u"READY"_s);
+    _recordButton->setToolTip(recording ? tr("Stop Recording (Esc)") : tr("Start Recording (Ctrl+Space)"));
+    _recordButton->setAccessibleName(recording ? tr("Stop Recording") : tr("Start Recording"));
+    _recordState->setText(recording ? tr("RECORDING") : tr("READY"));
     for (QWidget* widget : {static_cast<QWidget*>(_panel.get()), static_cast<QWidget*>(_recordState),
                             static_cast<QWidget*>(_shotClock)}) {
         widget->setProperty("recording", recording);
@@ -247,8 +248,8 @@ bool OfflineRecorder::keyDown(QKeyEvent& event) {
 bool OfflineRecorder::windowShouldClose() {
     if (_isRecording) {
         Dialogs::current().alert(_panel.get(),
-                                 {.title = u"Can't close Window"_s,
-                                  .text = u"Please stop recording before closing the window."_s});
+                                 {.title = tr("Can't close Window"),
+                                  .text = tr("Please stop recording before closing the window.")});
     }
     return !_isRecording;
 }

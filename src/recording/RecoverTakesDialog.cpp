@@ -21,8 +21,9 @@ QString nameOf(const TakeRecord& take) {
     return take.name.isEmpty() ? TakeWriter::untitled : take.name;
 }
 
-QString countOfTakes(qsizetype count) {
-    return count == 1 ? u"1 take"_s : u"%1 takes"_s.arg(count);
+QString discardQuestion(std::size_t count) {
+    return count == 1 ? RecoverTakesDialog::tr("Discard 1 take?")
+                      : RecoverTakesDialog::tr("Discard %1 takes?").arg(count);
 }
 
 QTreeWidgetItem* itemFor(const TakeRecord& take) {
@@ -34,7 +35,7 @@ QTreeWidgetItem* itemFor(const TakeRecord& take) {
     item->setText(markersColumn, QString::number(take.markers.size()));
     item->setTextAlignment(durationColumn, Qt::AlignRight | Qt::AlignVCenter);
     item->setTextAlignment(markersColumn, Qt::AlignRight | Qt::AlignVCenter);
-    item->setToolTip(nameColumn, u"Recorded into "_s + take.folder);
+    item->setToolTip(nameColumn, RecoverTakesDialog::tr("Recorded into %1").arg(take.folder));
     return item;
 }
 
@@ -60,7 +61,7 @@ Result<void> RecoverTakesDialog::load(QWidget* parent) {
         return std::unexpected(loaded.error());
     }
     if (!qobject_cast<QDialog*>(loaded->get())) {
-        return failure(ErrorCode::malformed, u"The window description holds no dialog."_s);
+        return failure(ErrorCode::malformed, tr("The window description holds no dialog."));
     }
     _window = qobject_cast<QDialog*>(loaded->release());
     _window->setParent(parent, Qt::Dialog);
@@ -131,7 +132,7 @@ void RecoverTakesDialog::recoverSelected() {
     }
     const std::optional<QString> folder = Dialogs::current().chooseFolder(
         _window,
-        {.title = u"Save Recovered Takes"_s, .startFolder = selected.front().take.folder, .suffixes = {}});
+        {.title = tr("Save Recovered Takes"), .startFolder = selected.front().take.folder, .suffixes = {}});
     if (!folder) {
         return;
     }
@@ -146,19 +147,18 @@ void RecoverTakesDialog::recoverSelected() {
     reload();
     Q_EMIT takesChanged();
     if (firstError) {
-        Dialogs::current().alert(_window, {.title = u"Couldn't recover all takes"_s,
-                                           .text = firstError->description() +
-                                                   u"\nWhat was not recovered is still in the list."_s});
+        Dialogs::current().alert(_window, {.title = tr("Couldn't recover all takes"),
+                                           .text = firstError->description() + u'\n' +
+                                                   tr("What was not recovered is still in the list.")});
     }
 }
 
 void RecoverTakesDialog::discardSelected() {
     const std::vector<TakeRecovery::KeptTake> selected = selectedTakes();
-    const auto count = static_cast<qsizetype>(selected.size());
     const int answer = Dialogs::current().alert(
-        _window, {.title = u"Discard %1?"_s.arg(countOfTakes(count)),
-                  .text = u"Their start times, durations and markers are lost. This cannot be undone."_s,
-                  .buttons = {u"Cancel"_s, u"Discard"_s}});
+        _window, {.title = discardQuestion(selected.size()),
+                  .text = tr("Their start times, durations and markers are lost. This cannot be undone."),
+                  .buttons = {tr("Cancel"), tr("Discard")}});
     if (answer != 1) {
         return;
     }
@@ -172,7 +172,7 @@ void RecoverTakesDialog::discardSelected() {
     Q_EMIT takesChanged();
     if (firstError) {
         Dialogs::current().alert(
-            _window, {.title = u"Couldn't discard all takes"_s, .text = firstError->description()});
+            _window, {.title = tr("Couldn't discard all takes"), .text = firstError->description()});
     }
 }
 

@@ -5,6 +5,7 @@
 #include "platform/PropertyListText.h"
 #include "recording/TakeJournalValues.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QJsonDocument>
 
@@ -74,14 +75,22 @@ Result<Journal> readStart(QByteArrayView line) {
     const std::optional<QJsonObject> json = objectOfLine(line);
     const QJsonValue version = json ? json->value(key::marquillTake) : QJsonValue();
     if (!version.isDouble()) {
-        return failure(ErrorCode::malformed, u"This is no journal of a take."_s, {}, 0);
+        return failure(ErrorCode::malformed,
+                       QCoreApplication::translate("TakeJournalFormat", "This is no journal of a take."), {},
+                       0);
     }
     if (version.toDouble() != TakeJournalFormat::version) {
-        return failure(ErrorCode::unsupported, u"A later version of Marquill wrote this journal."_s, {}, 0);
+        return failure(ErrorCode::unsupported,
+                       QCoreApplication::translate("TakeJournalFormat",
+                                                   "A later version of Marquill wrote this journal."),
+                       {}, 0);
     }
     const double start = json->value(key::start).toDouble(std::nan(""));
     if (!(start >= firstStart && start <= lastStart)) {
-        return failure(ErrorCode::malformed, u"The journal does not say when its take began."_s, {}, 0);
+        return failure(
+            ErrorCode::malformed,
+            QCoreApplication::translate("TakeJournalFormat", "The journal does not say when its take began."),
+            {}, 0);
     }
     Journal journal;
     journal.take.start = Date(std::chrono::duration<double>(start));
@@ -164,8 +173,10 @@ Result<Journal> read(QByteArrayView bytes) {
     QByteArrayView rest = bytes.first(std::min<qsizetype>(bytes.size(), mostBytes));
     const std::optional<QByteArrayView> first = takeLine(rest);
     if (!first) {
-        return failure(ErrorCode::endsEarly, u"The journal ends before it tells of a take."_s, {},
-                       bytes.size());
+        return failure(
+            ErrorCode::endsEarly,
+            QCoreApplication::translate("TakeJournalFormat", "The journal ends before it tells of a take."),
+            {}, bytes.size());
     }
     Result<Journal> journal = readStart(*first);
     while (journal) {

@@ -9,6 +9,8 @@
 #include "recording/TakeJournalFormat.h"
 #include "recording/TakeWriter.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <cmath>
 
@@ -89,8 +91,10 @@ std::optional<ClipInfo> writtenClip(const Journal& journal) {
 
 Result<ClipInfo> writeClip(Journal& journal) {
     if (!folderExists(journal.take.folder)) {
-        return failure(ErrorCode::notFound, u"The folder does not exist or is offline."_s,
-                       journal.take.folder);
+        return failure(
+            ErrorCode::notFound,
+            QCoreApplication::translate("TakeRecovery", "The folder does not exist or is offline."),
+            journal.take.folder);
     }
     if (std::optional<ClipInfo> clip = writtenClip(journal)) {
         return *std::move(clip);

@@ -3,6 +3,8 @@
 #include "clipstore/ClipStore.h"
 #include "clipstore/Utils.h"
 
+#include <QCoreApplication>
+
 #include <cmath>
 
 namespace marquill::TakeWriter {
@@ -44,8 +46,10 @@ Result<ClipInfo> writeAs(const QString& name, const TakeRecord& take) {
     for (int tries = 0; tries < mostNamesTried; ++tries) {
         const std::optional<NewClipName> base = ClipStore::getNewClipNameForFolder(take.folder, name);
         if (!base) {
-            return failure(ErrorCode::notFound, u"No file of that name can stand in the folder."_s,
-                           take.folder);
+            return failure(
+                ErrorCode::notFound,
+                QCoreApplication::translate("TakeWriter", "No file of that name can stand in the folder."),
+                take.folder);
         }
         ClipInfo clip = newClip(base->name + u".xml"_s, take);
         const Result<void> written = createClip(clip, take.folder);
@@ -56,8 +60,10 @@ Result<ClipInfo> writeAs(const QString& name, const TakeRecord& take) {
             return std::unexpected(written.error());
         }
     }
-    return failure(ErrorCode::alreadyExists, u"Other programs keep taking the names of clips."_s,
-                   take.folder);
+    return failure(
+        ErrorCode::alreadyExists,
+        QCoreApplication::translate("TakeWriter", "Other programs keep taking the names of clips."),
+        take.folder);
 }
 
 }  // namespace

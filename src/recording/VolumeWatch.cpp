@@ -52,10 +52,10 @@ void VolumeWatch::answered(const std::optional<VolumeState>& state) {
 
 QString VolumeWatch::warningFor(const VolumeState& state) {
     if (state.isReadOnly) {
-        return u"The recording folder is on a read-only volume. Takes cannot be saved there."_s;
+        return tr("The recording folder is on a read-only volume. Takes cannot be saved there.");
     }
     if (state.bytesFree < enoughBytes) {
-        return u"Only %1 MB are free where takes are saved."_s.arg(state.bytesFree / megabyte);
+        return tr("Only %1 MB are free where takes are saved.").arg(state.bytesFree / megabyte);
     }
     return {};
 }
