@@ -86,10 +86,10 @@ void ClipAttributes::wireMenus() {
     _ratingPopup->addItem(QString());
     for (int stars = 1; stars <= mostStars; ++stars) {
         _ratingPopup->addItem(image(u"Stars_%1"_s.arg(stars)), QString());
-        _ratingPopup->setItemData(stars, stars == 1 ? u"1 star"_s : u"%1 stars"_s.arg(stars),
+        _ratingPopup->setItemData(stars, stars == 1 ? tr("1 star") : tr("%1 stars").arg(stars),
                                   Qt::AccessibleTextRole);
     }
-    _ratingPopup->setItemData(0, u"not rated"_s, Qt::AccessibleTextRole);
+    _ratingPopup->setItemData(0, tr("not rated"), Qt::AccessibleTextRole);
     for (QComboBox* menu : {_ratingPopup, _shotPopup}) {
         menu->installEventFilter(this);
     }

@@ -88,11 +88,11 @@ void ClipExports::exportClipListAsText() {
 bool ClipExports::hasClips() {
     const std::optional<QString> folder = _source.clipFolder();
     if (!folder) {
-        alert(u"No Folder selected"_s, u"Please select a folder to export."_s);
+        alert(tr("No Folder selected"), tr("Please select a folder to export."));
         return false;
     }
     if (_source.clipArray().empty()) {
-        alert(u"No Clips to export"_s, u"There are no clips to export in the selected folder."_s);
+        alert(tr("No Clips to export"), tr("There are no clips to export in the selected folder."));
         return false;
     }
     _folder = *folder;
@@ -101,11 +101,11 @@ bool ClipExports::hasClips() {
 
 std::optional<QString> ClipExports::chooseFile(const QString& suffix) {
     return Dialogs::current().chooseFileToSave(&_window,
-                                               {.title = u"Export"_s,
+                                               {.title = tr("Export"),
                                                 .startFolder = {},
                                                 .suffixes = {suffix},
                                                 .fileName = lastPathComponent(_folder) + u'.' + suffix,
-                                                .prompt = u"Export"_s});
+                                                .prompt = tr("Export")});
 }
 
 void ClipExports::exportClipsAsXMLPanelDidEnd(const QString& chosen) {
@@ -116,7 +116,7 @@ void ClipExports::exportClipsAsXMLPanelDidEnd(const QString& chosen) {
                                                                       const auto& progress) {
         return XmemlExport::doExportAsXMLAtPath(path, clips, folder, labels, progress);
     };
-    doExport(write, [this](const Error&) { alert(u"Export failed"_s, u"Couldn't write xml file."_s); });
+    doExport(write, [this](const Error&) { alert(tr("Export failed"), tr("Couldn't write xml file.")); });
 }
 
 void ClipExports::exportClipsAsTextPanelDidEnd(const QString& chosen) {
@@ -130,14 +130,14 @@ void ClipExports::exportClipsAsTextPanelDidEnd(const QString& chosen) {
             return progress(std::min(done, total - 1), total);
         };
         if (!completeRecords(clips, folder, asking)) {
-            return failure(ErrorCode::interrupted, u"The export was cancelled."_s, path);
+            return failure(ErrorCode::interrupted, tr("The export was cancelled."), path);
         }
         return exportAsText(option, path, clips, progress);
     };
     doExport(write, [this](const Error&) {
-        alert(u"Error writing File"_s, u"An error occured while creating or writing the text file."_s,
-              u"OK"_s);
-        alert(u"Export failed"_s, u"Couldn't write text file."_s);
+        alert(tr("Error writing File"), tr("An error occured while creating or writing the text file."),
+              tr("OK"));
+        alert(tr("Export failed"), tr("Couldn't write text file."));
     });
 }
 
@@ -154,7 +154,7 @@ void ClipExports::doExport(const Export& write, const std::function<void(const E
             failed(result.error());
         }
     };
-    _progress.run(_window, u"Exporting the clips of %1…"_s.arg(lastPathComponent(_folder)), work, done);
+    _progress.run(_window, tr("Exporting the clips of %1…").arg(lastPathComponent(_folder)), work, done);
 }
 
 void ClipExports::showTextExportOptions() {
@@ -194,7 +194,7 @@ Result<void> ClipExports::loadTextExportOptions() {
     outlets.connect(_cancelButton, u"_cancelButton"_s);
     auto* const dialog = qobject_cast<QDialog*>(loaded->get());
     if (!dialog) {
-        return failure(ErrorCode::malformed, u"the window description holds no dialog"_s);
+        return failure(ErrorCode::malformed, tr("the window description holds no dialog"));
     }
     if (Result<void> found = outlets.check(); !found) {
         return found;

@@ -62,7 +62,7 @@ class ClipExports : public QObject {
     void showTextExportOptions();
     Result<void> loadTextExportOptions();
     void didEndSheet();
-    void alert(const QString& title, const QString& text, const QString& button = u"Ok"_s);
+    void alert(const QString& title, const QString& text, const QString& button = tr("Ok"));
 
     QWidget& _window;
     Source _source;

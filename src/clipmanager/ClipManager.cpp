@@ -93,7 +93,7 @@ ClipManager::~ClipManager() {
 
 void ClipManager::setUpFolderList() {
     _folderList = std::make_unique<RecordFolderController>(*_recordFolderTable);
-    new EmptyHint(*_recordFolderTable, u"Add a folder to record into"_s);
+    new EmptyHint(*_recordFolderTable, tr("Add a folder to record into"));
 }
 
 void ClipManager::setUpClipTable() {
@@ -234,29 +234,29 @@ void ClipManager::timerAction() {
 
 QString ClipManager::hintText() const {
     if (!shownFolder()) {
-        return _folderList->folderArray().empty() ? u"Add a folder to see its clips"_s
-                                                  : u"Select a folder to see its clips"_s;
+        return _folderList->folderArray().empty() ? tr("Add a folder to see its clips")
+                                                  : tr("Select a folder to see its clips");
     }
     if (_isReading) {
-        return u"Reading clips…"_s;
+        return tr("Reading clips…");
     }
     return folderExists(*shownFolder())
-               ? u"No clips in this folder.\nPress Control-Space to start a take, or import movies."_s
-               : u"This folder does not exist or is offline"_s;
+               ? tr("No clips in this folder.\nPress Control-Space to start a take, or import movies.")
+               : tr("This folder does not exist or is offline");
 }
 
 QString ClipManager::statusText() const {
     const std::vector<FolderRecord> selected = _folderList->selectedFolderArray();
     if (selected.empty()) {
-        return u"Current Folder: Nothing selected"_s;
+        return tr("Current Folder: Nothing selected");
     }
     if (selected.size() > 1) {
-        return u"Current Folder: %1 items selected"_s.arg(selected.size());
+        return tr("Current Folder: %1 items selected").arg(selected.size());
     }
     if (!selected.front().exists()) {
-        return u"Current Folder: does not exist or is offline"_s;
+        return tr("Current Folder: does not exist or is offline");
     }
-    return u"Current Folder: "_s + selected.front().folderPath().value_or(QString());
+    return tr("Current Folder: %1").arg(selected.front().folderPath().value_or(QString()));
 }
 
 }  // namespace marquill

@@ -241,7 +241,7 @@ void ClipManager::showNoMedia(const QString& message) {
 
 QString ClipManager::noMediaText() const {
     const std::size_t selected = _clips->selectedClipArray().size();
-    return selected > 1 ? u"%1 clips selected"_s.arg(selected) : u"Select a clip to see its movie"_s;
+    return selected > 1 ? tr("%1 clips selected").arg(selected) : tr("Select a clip to see its movie");
 }
 
 void ClipManager::undo() {
@@ -274,14 +274,14 @@ std::optional<bool> ClipManager::isEnabled(const QString& command) const {
 void ClipManager::validateMenuItem(QAction& action) {
     const QString command = action.objectName();
     if (command == "undo"_L1) {
-        const QString step = _current->isEditing() ? u"change Clip"_s : _undoManager.undoActionName();
-        action.setText(u"Undo %1"_s.arg(step).trimmed());
+        const QString step = _current->isEditing() ? tr("change Clip") : _undoManager.undoActionName();
+        action.setText(UndoManager::undoTitle(step));
         action.setEnabled(_undoManager.canUndo() || _current->isEditing());
     } else if (command == "redo"_L1) {
-        action.setText(u"Redo %1"_s.arg(_undoManager.redoActionName()).trimmed());
+        action.setText(UndoManager::redoTitle(_undoManager.redoActionName()));
         action.setEnabled(_undoManager.canRedo());
     } else if (command == "collapseWindow"_L1) {
-        action.setText(_collapsible->isExpanded() ? u"Collapse Window"_s : u"Expand Window"_s);
+        action.setText(_collapsible->isExpanded() ? tr("Collapse Window") : tr("Expand Window"));
     } else {
         action.setEnabled(isEnabled(command).value_or(_clips->validateMenuItem(command)));
     }

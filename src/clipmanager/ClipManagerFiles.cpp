@@ -41,15 +41,15 @@ void ClipManager::importQTclips() {
     }
     const QStringList movies = Dialogs::current().chooseFiles(
         _window.get(),
-        {.title = u"Import Movies"_s, .startFolder = *folder, .suffixes = {u"mov"_s, u"MOV"_s}});
+        {.title = tr("Import Movies"), .startFolder = *folder, .suffixes = {u"mov"_s, u"MOV"_s}});
     if (movies.isEmpty()) {
         return;
     }
     const ImportedMovies imported = importMovies(movies);
     if (!imported.errors.empty()) {
-        Dialogs::current().alert(_window.get(), {.title = u"Could not load one or more Clips"_s,
+        Dialogs::current().alert(_window.get(), {.title = tr("Could not load one or more Clips"),
                                                  .text = imported.errors.back().description(),
-                                                 .buttons = {u"Ok"_s}});
+                                                 .buttons = {tr("Ok")}});
     }
 }
 

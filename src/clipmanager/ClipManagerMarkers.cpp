@@ -34,7 +34,7 @@ Result<void> ClipManager::setUpMarkerList() {
         std::make_unique<ClipMarkerController>(ClipMarkerOutlets{*_markerTable, *_addMarkerButton, *remove,
                                                                  *setStart, *setStop, *count, *_moviePreview},
                                                _undoManager);
-    new EmptyHint(*_markerTable, u"No markers"_s);
+    new EmptyHint(*_markerTable, tr("No markers"));
     Notifications& centre = Notifications::centre();
     connect(&centre, &Notifications::newMarkerIssued, this, &ClipManager::newMarkerIssued);
     connect(&centre, &Notifications::clipMarkerSelected, this, &ClipManager::markerSelected);

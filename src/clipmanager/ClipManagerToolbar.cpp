@@ -7,7 +7,7 @@
 namespace marquill {
 
 ClipManagerToolbar::ClipManagerToolbar(const QList<Item>& items, QWidget* parent)
-    : QToolBar(u"Tool Bar"_s, parent) {
+    : QToolBar(tr("Tool Bar"), parent) {
     setObjectName(u"ClipManagerToolbar"_s);
     setMovable(false);
     setToolButtonStyle(Qt::ToolButtonTextBesideIcon);

@@ -28,7 +28,7 @@ Result<void> ClipManager::loadWindow() {
         return std::unexpected(loaded.error());
     }
     if (!qobject_cast<QMainWindow*>(loaded->get())) {
-        return failure(ErrorCode::malformed, u"the window description holds no main window"_s);
+        return failure(ErrorCode::malformed, tr("the window description holds no main window"));
     }
     _window.reset(qobject_cast<QMainWindow*>(loaded->release()));
     return connectOutlets();
@@ -61,10 +61,10 @@ Result<void> ClipManager::connectOutlets() {
 void ClipManager::buildToolbar() {
     auto* toolbar = new ClipManagerToolbar(
         {
-            {u"AddFolder"_s, u"Add Folder"_s, u"Add recording folder"_s, [this] { addFolderButton(); }},
-            {u"RemoveFolder"_s, u"Remove Folder"_s, u"Remove recording folder"_s,
+            {u"AddFolder"_s, tr("Add Folder"), tr("Add recording folder"), [this] { addFolderButton(); }},
+            {u"RemoveFolder"_s, tr("Remove Folder"), tr("Remove recording folder"),
              [this] { removeFolderButton(); }},
-            {u"DeleteClips"_s, u"Delete Clips"_s, u"Delete clips"_s, [this] { deleteClipsButton(); }},
+            {u"DeleteClips"_s, tr("Delete Clips"), tr("Delete clips"), [this] { deleteClipsButton(); }},
         },
         _window.get());
     _window->addToolBar(toolbar);

@@ -5,24 +5,29 @@
 #include "platform/Files.h"
 #include "platform/Literals.h"
 
+#include <QCoreApplication>
+
 namespace marquill {
 
 namespace {
 
 void openMovie(ClipMedia& media, bool isPlaceholder) {
     if (media.path.isEmpty()) {
-        media.message = isPlaceholder ? u"Clip not connected"_s : u"Clip not found"_s;
+        media.message = isPlaceholder ? QCoreApplication::translate("ClipMedia", "Clip not connected")
+                                      : QCoreApplication::translate("ClipMedia", "Clip not found");
         return;
     }
     if (isPlaceholder && !fileExists(media.path)) {
-        media.message = u"Clip not found"_s;
+        media.message = QCoreApplication::translate("ClipMedia", "Clip not found");
         return;
     }
     const Result<Movie> movie = Movie::open(media.path);
     if (movie) {
         media.movie = *movie;
     } else {
-        media.message = movie.error().message.isEmpty() ? u"Clip not found"_s : movie.error().message;
+        media.message = movie.error().message.isEmpty()
+                            ? QCoreApplication::translate("ClipMedia", "Clip not found")
+                            : movie.error().message;
     }
 }
 

@@ -5,6 +5,8 @@
 #include "platform/Date.h"
 #include "platform/Files.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 namespace marquill {
@@ -34,9 +36,11 @@ QString sizeText(const ClipInfo& clip) {
 Result<QByteArray> asciiBytes(const QString& text, qsizetype index) {
     const auto wrong = std::ranges::find_if(text, [](QChar c) { return c.unicode() > 0x7F; });
     if (wrong != text.end()) {
-        return failure(ErrorCode::malformed,
-                       u"Clip %1 holds the character \"%2\", which ASCII does not have. Replace it."_s.arg(
-                           QString::number(index + 1), QString(*wrong)));
+        return failure(
+            ErrorCode::malformed,
+            QCoreApplication::translate(
+                "ClipTexts", "Clip %1 holds the character \"%2\", which ASCII does not have. Replace it.")
+                .arg(QString::number(index + 1), QString(*wrong)));
     }
     return text.toLatin1();
 }

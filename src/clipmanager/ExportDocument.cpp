@@ -2,6 +2,7 @@
 
 #include "platform/Files.h"
 
+#include <QCoreApplication>
 #include <QThreadPool>
 
 #include <algorithm>
@@ -19,7 +20,8 @@ constexpr qsizetype clipsOfBatch = 256;
 constexpr qsizetype clipsPerThread = 16;
 
 std::unexpected<Error> cancelled() {
-    return failure(ErrorCode::interrupted, u"The export was cancelled."_s);
+    return failure(ErrorCode::interrupted,
+                   QCoreApplication::translate("ExportDocument", "The export was cancelled."));
 }
 
 class Encoding {

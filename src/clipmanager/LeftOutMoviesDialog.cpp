@@ -31,7 +31,7 @@ QStandardItem* cell(const QString& text) {
 }
 
 QString countText(std::size_t count) {
-    return count == 1 ? u"1 movie"_s : u"%1 movies"_s.arg(count);
+    return count == 1 ? LeftOutMoviesDialog::tr("1 movie") : LeftOutMoviesDialog::tr("%1 movies").arg(count);
 }
 
 }  // namespace
@@ -44,7 +44,7 @@ Result<std::unique_ptr<LeftOutMoviesDialog>> LeftOutMoviesDialog::create(const Q
         return std::unexpected(loaded.error());
     }
     if (!qobject_cast<QDialog*>(loaded->get())) {
-        return failure(ErrorCode::malformed, u"the window of the left-out movies is no dialog"_s);
+        return failure(ErrorCode::malformed, tr("the window of the left-out movies is no dialog"));
     }
     std::unique_ptr<QDialog> window(static_cast<QDialog*>(loaded->release()));
     window->setParent(parent, Qt::Dialog);
@@ -74,7 +74,7 @@ Result<void> LeftOutMoviesDialog::connectOutlets() {
 }
 
 void LeftOutMoviesDialog::wire() {
-    _model.setHorizontalHeaderLabels({u"Movie"_s, u"Reason"_s});
+    _model.setHorizontalHeaderLabels({tr("Movie"), tr("Reason")});
     _movieTable->setModel(&_model);
     _movieTable->setColumnWidth(0, nameWidth);
     _movieTable->horizontalHeader()->setStretchLastSection(true);
@@ -142,7 +142,7 @@ void LeftOutMoviesDialog::giveUserData() {
                 }
             });
         }
-        post([this] { workDone(u"Could not list one or more Movies"_s); });
+        post([this] { workDone(tr("Could not list one or more Movies")); });
     });
     showProgress(0, static_cast<int>(paths.size()));
     update();
@@ -158,7 +158,7 @@ void LeftOutMoviesDialog::importAsPlaceholders() {
     }
     _errors = std::move(imported.errors);
     update();
-    showErrors(u"Could not load one or more Clips"_s);
+    showErrors(tr("Could not load one or more Clips"));
 }
 
 // The last result of the work: nothing comes after it.
@@ -178,10 +178,10 @@ void LeftOutMoviesDialog::showErrors(const QString& title) {
         lines.append(errors[index].description());
     }
     if (errors.size() > mostErrorsShown) {
-        lines.append(u"And %1 more."_s.arg(errors.size() - mostErrorsShown));
+        lines.append(tr("And %1 more.").arg(errors.size() - mostErrorsShown));
     }
     Dialogs::current().alert(_window.get(),
-                             {.title = title, .text = lines.join(u"\n\n"_s), .buttons = {u"Ok"_s}});
+                             {.title = title, .text = lines.join(u"\n\n"_s), .buttons = {tr("Ok")}});
 }
 
 void LeftOutMoviesDialog::showProgress(int done, int total) {
@@ -197,11 +197,11 @@ void LeftOutMoviesDialog::update() {
     _listButton->setEnabled(!busy && !selectedPaths(&LeftOutMovie::canBeListed).isEmpty());
     _importButton->setEnabled(!busy && !selectedPaths(&LeftOutMovie::canBeImported).isEmpty());
     if (busy) {
-        _hint->setText(u"Reading movies…"_s);
+        _hint->setText(tr("Reading movies…"));
     } else if (!folderExists(_folder)) {
-        _hint->setText(u"This folder does not exist or is offline"_s);
+        _hint->setText(tr("This folder does not exist or is offline"));
     } else {
-        _hint->setText(u"No movie of this folder is left out"_s);
+        _hint->setText(tr("No movie of this folder is left out"));
     }
 }
 

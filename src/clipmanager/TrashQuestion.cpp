@@ -3,6 +3,8 @@
 #include "clipstore/ClipTrash.h"
 #include "platform/Dialogs.h"
 
+#include <QCoreApplication>
+
 namespace marquill {
 
 namespace {
@@ -12,11 +14,15 @@ enum Answer { keepClips, cancelQuitting, deleteThem };
 // Return keeps the clips, Escape goes back to work: no key that is pressed in haste deletes anything.
 Answer ask(QWidget* window) {
     return static_cast<Answer>(Dialogs::current().alert(
-        window, {.title = u"Delete Clips in the Trash?"_s,
-                 .text = u"There are clips in the trash folder in one or more recording folders. You can "
-                         "either delete these clips or keep them in the trash folder(s). Deleting clips "
-                         "cannot be undone."_s,
-                 .buttons = {u"Keep Clips"_s, u"Cancel Quitting"_s, u"Delete Clips"_s},
+        window, {.title = QCoreApplication::translate("TrashQuestion", "Delete Clips in the Trash?"),
+                 .text = QCoreApplication::translate(
+                     "TrashQuestion",
+                     "There are clips in the trash folder in one or more recording folders. You can "
+                     "either delete these clips or keep them in the trash folder(s). Deleting clips "
+                     "cannot be undone."),
+                 .buttons = {QCoreApplication::translate("TrashQuestion", "Keep Clips"),
+                             QCoreApplication::translate("TrashQuestion", "Cancel Quitting"),
+                             QCoreApplication::translate("TrashQuestion", "Delete Clips")},
                  .cancelButton = cancelQuitting}));
 }
 
@@ -38,11 +44,14 @@ void TrashQuestion::deleteClips(const QStringList& paths, QWidget* window) {
     const qsizetype failed = ClipTrash::deleteClips(paths).size();
     if (failed > 0) {
         Dialogs::current().alert(
-            window, {.title = u"Could not delete Clips"_s,
-                     .text = u"%1 clips of %2 clips could not be deleted. Please try to delete them "
-                             "manually in the Finder."_s.arg(failed)
+            window, {.title = QCoreApplication::translate("TrashQuestion", "Could not delete Clips"),
+                     .text = QCoreApplication::translate(
+                                 "TrashQuestion",
+                                 "%1 clips of %2 clips could not be deleted. Please try to delete them "
+                                 "manually in the Finder.")
+                                 .arg(failed)
                                  .arg(paths.size()),
-                     .buttons = {u"Ok"_s}});
+                     .buttons = {QCoreApplication::translate("TrashQuestion", "Ok")}});
     }
 }
 

@@ -17,7 +17,7 @@ UnwrittenClips::UnwrittenClips(QMainWindow& window, ClipWriter& writer) : _windo
 // However many clips fail, and however often, there is one notice.
 void UnwrittenClips::failed() {
     if (!_wasClosed) {
-        show(_writer.unwrittenText(), u"Try Again"_s);
+        show(_writer.unwrittenText(), tr("Try Again"));
     }
 }
 
@@ -64,9 +64,9 @@ bool UnwrittenClips::mayQuit() {
     }
     enum Answer { cancelQuitting, quit };
     const int answer = Dialogs::current().alert(
-        &_window, {.title = u"Quit without saving?"_s,
-                   .text = _writer.unwrittenText() + u" If you quit now, the last changes are lost."_s,
-                   .buttons = {u"Cancel Quitting"_s, u"Quit"_s},
+        &_window, {.title = tr("Quit without saving?"),
+                   .text = tr("%1 If you quit now, the last changes are lost.").arg(_writer.unwrittenText()),
+                   .buttons = {tr("Cancel Quitting"), tr("Quit")},
                    .cancelButton = cancelQuitting});
     return answer == quit;
 }

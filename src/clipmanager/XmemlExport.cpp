@@ -6,6 +6,7 @@
 #include "platform/Log.h"
 #include "platform/XmlWriter.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QUrl>
 
@@ -229,8 +230,10 @@ QByteArray encodeMarker(const Marker& marker, double frameRate) {
 Result<QByteArray> encodeClip(const ClipInfo& clip, const QString& folder, const QStringList& labels) {
     const std::optional<QString> path = mediaPath(clip, folder);
     if (!path) {
-        return failure(ErrorCode::notFound, u"The clip is not connected to media. Connect it."_s,
-                       clip.clipName().value_or(QString()));
+        return failure(
+            ErrorCode::notFound,
+            QCoreApplication::translate("XmemlExport", "The clip is not connected to media. Connect it."),
+            clip.clipName().value_or(QString()));
     }
     const Result<Movie> movie = Movie::open(*path);
     if (!movie) {
@@ -239,7 +242,8 @@ Result<QByteArray> encodeClip(const ClipInfo& clip, const QString& folder, const
     // Editing programs count the frames of that one, also where another is shown.
     const Track* const track = movie->firstVisualTrack();
     if (!track) {
-        return failure(ErrorCode::unsupported, u"The movie has no pictures."_s, *path);
+        return failure(ErrorCode::unsupported,
+                       QCoreApplication::translate("XmemlExport", "The movie has no pictures."), *path);
     }
     return clipElement(clip, *track, *path, labels);
 }
