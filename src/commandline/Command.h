@@ -3,6 +3,7 @@
 
 #include "platform/Error.h"
 
+#include <QCoreApplication>
 #include <QString>
 
 #include <string>

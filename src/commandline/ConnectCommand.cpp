@@ -59,9 +59,10 @@ std::optional<BatchResult> matchFiles(const std::vector<ClipInfo>& placeholders,
     const QStringList files =
         MediaFiles::filesInFolder(media, MediaFiles::endingsForClipType(clipType)).value_or(QStringList());
     if (files.isEmpty()) {
-        complain(Alert{.title = u"No Clips found"_s,
-                       .text = u"No Clips could be found in the specified folder, please choose another "
-                               "folder."_s});
+        complain(Alert{.title = ConnectCommand::tr("No Clips found"),
+                       .text = ConnectCommand::tr(
+                           "No Clips could be found in the specified folder, please choose another "
+                           "folder.")});
         return std::nullopt;
     }
     return BatchConnect::doBatchConnect(placeholders, files, clipType, converted);
@@ -71,16 +72,16 @@ std::optional<BatchResult> matchCard(const std::vector<ClipInfo>& placeholders, 
                                      const std::optional<QString>& converted) {
     const QString folder = joinPath(joinPath(root, u"CONTENTS"_s), u"CLIP"_s);
     if (!folderExists(folder)) {
-        complain(Alert{.title = u"No P2 files found"_s,
-                       .text = u"Please try again and choose a P2 root folder."_s});
+        complain(Alert{.title = ConnectCommand::tr("No P2 files found"),
+                       .text = ConnectCommand::tr("Please try again and choose a P2 root folder.")});
         return std::nullopt;
     }
     const std::vector<P2Clip> clips = PanaP2::getP2XMLClipsAtPath(folder);
     if (clips.empty()) {
-        complain(Alert{.title = u"No P2 files found"_s,
-                       .text =
-                           u"No clips found in the specified folder. Please try again and choose a P2 root "
-                           "folder."_s});
+        complain(Alert{.title = ConnectCommand::tr("No P2 files found"),
+                       .text = ConnectCommand::tr(
+                           "No clips found in the specified folder. Please try again and choose a P2 root "
+                           "folder.")});
         return std::nullopt;
     }
     return BatchConnect::doP2BatchConnect(placeholders, clips, ClipType::p2, converted);
@@ -93,23 +94,32 @@ CLI::App* ConnectCommand::addTo(CLI::App& parser) {
     for (const auto& [name, clipType] : kinds()) {
         names.push_back(name);
     }
-    CLI::App* connect = parser.add_subcommand("connect", "Connect placeholders to their media by dates");
-    connect->add_option("FOLDER", _folder, "The record folder")->required();
-    connect->add_option("--kind", _kind, "What the camera made: qt, red-h, red-p, red-m, red-raw or p2")
+    CLI::App* connect =
+        parser.add_subcommand("connect", tr("Connect placeholders to their media by dates").toStdString());
+    connect->add_option("FOLDER", _folder, tr("The record folder").toStdString())->required();
+    connect
+        ->add_option("--kind", _kind,
+                     tr("What the camera made: qt, red-h, red-p, red-m, red-raw or p2").toStdString())
         ->required()
         ->check(CLI::IsMember(names).description(""))
         ->type_name("KIND");
-    connect->add_option("--media", _media, "Where the media are; of p2 the card's root folder")
+    connect
+        ->add_option("--media", _media, tr("Where the media are; of p2 the card's root folder").toStdString())
         ->required()
         ->type_name("DIR");
-    connect->add_option("--converted", _converted, "Where the movies are that they were converted to")
+    connect
+        ->add_option("--converted", _converted,
+                     tr("Where the movies are that they were converted to").toStdString())
         ->type_name("DIR");
-    connect->add_option("--clips", _clips, "Only these clips of the folder")->type_name("NAME");
-    connect->add_flag("--dry-run", _dryRun, "Tell what would be connected and change nothing");
-    connect->add_flag("--json", _json, "Print it as JSON");
+    connect->add_option("--clips", _clips, tr("Only these clips of the folder").toStdString())
+        ->type_name("NAME");
+    connect->add_flag("--dry-run", _dryRun,
+                      tr("Tell what would be connected and change nothing").toStdString());
+    connect->add_flag("--json", _json, tr("Print it as JSON").toStdString());
     connect->parse_complete_callback([this] {
         if (_kind == "p2" && _converted.empty()) {
-            throw CLI::RequiredError("--converted (a P2 card holds no movies)");
+            throw CLI::RequiredError(tr("--converted (a P2 card holds no movies) is required").toStdString(),
+                                     CLI::ExitCodes::RequiredError);
         }
     });
     return connect;
@@ -119,9 +129,9 @@ ExitStatus ConnectCommand::run() {
     const QString folder = pathOfArgument(_folder);
     const PlaceholderChoice placeholders = choosePlaceholders(folder, _clips);
     if (placeholders.clips.empty()) {
-        complain(Alert{.title = u"No Place Holder selected"_s,
-                       .text = u"Please select at least one place holder clip to connect to a file based "
-                               "clip."_s});
+        complain(Alert{.title = tr("No Place Holder selected"),
+                       .text = tr("Please select at least one place holder clip to connect to a file based "
+                                  "clip.")});
         return ExitStatus::failed;
     }
     const std::optional<BatchResult> result = match(placeholders.clips);

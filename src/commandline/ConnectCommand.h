@@ -10,6 +10,8 @@
 namespace marquill {
 
 class ConnectCommand : public Command {
+    Q_DECLARE_TR_FUNCTIONS(ConnectCommand)
+
   public:
     CLI::App* addTo(CLI::App& parser) override;
     ExitStatus run() override;

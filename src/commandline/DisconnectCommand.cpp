@@ -8,9 +8,11 @@
 namespace marquill {
 
 CLI::App* DisconnectCommand::addTo(CLI::App& parser) {
-    CLI::App* disconnect = parser.add_subcommand("disconnect", "Part placeholders from their media");
-    disconnect->add_option("FOLDER", _folder, "The record folder")->required();
-    disconnect->add_option("--clips", _clips, "Only these clips of the folder")->type_name("NAME");
+    CLI::App* disconnect =
+        parser.add_subcommand("disconnect", tr("Part placeholders from their media").toStdString());
+    disconnect->add_option("FOLDER", _folder, tr("The record folder").toStdString())->required();
+    disconnect->add_option("--clips", _clips, tr("Only these clips of the folder").toStdString())
+        ->type_name("NAME");
     return disconnect;
 }
 

@@ -9,6 +9,8 @@
 namespace marquill {
 
 class DisconnectCommand : public Command {
+    Q_DECLARE_TR_FUNCTIONS(DisconnectCommand)
+
   public:
     CLI::App* addTo(CLI::App& parser) override;
     ExitStatus run() override;

@@ -14,18 +14,19 @@
 namespace marquill {
 
 CLI::App* ExportCommand::addTo(CLI::App& parser) {
-    CLI::App* write = parser.add_subcommand("export", "Write the clips of a record folder as a document");
-    write->add_option("FOLDER", _folder, "The record folder")->required();
-    write->add_option("--format", _format, "What is written: xmeml, text, tab or comma")
+    CLI::App* write =
+        parser.add_subcommand("export", tr("Write the clips of a record folder as a document").toStdString());
+    write->add_option("FOLDER", _folder, tr("The record folder").toStdString())->required();
+    write->add_option("--format", _format, tr("What is written: xmeml, text, tab or comma").toStdString())
         ->required()
         ->check(CLI::IsMember({"xmeml", "text", "tab", "comma"}).description(""))
         ->type_name("FORMAT");
-    write->add_option("--output", _output, "The document; a file of that name is replaced")
+    write->add_option("--output", _output, tr("The document; a file of that name is replaced").toStdString())
         ->required()
         ->type_name("FILE");
     write
         ->add_option("--labels", _labels,
-                     "The labels of xmeml, by commas; otherwise those of the preferences")
+                     tr("The labels of xmeml, by commas; otherwise those of the preferences").toStdString())
         ->type_name("A,B,…");
     return write;
 }
@@ -39,15 +40,15 @@ ExitStatus ExportCommand::run() {
     std::vector<ClipInfo> clips = ClipStore::readClipInfoForFolder(folder);
     completeRecords(clips, folder);
     if (clips.empty()) {
-        complain(Alert{.title = u"No Clips to export"_s,
-                       .text = u"There are no clips to export in the selected folder."_s});
+        complain(Alert{.title = tr("No Clips to export"),
+                       .text = tr("There are no clips to export in the selected folder.")});
         return ExitStatus::failed;
     }
     if (const Result<void> written = write(clips, folder); !written) {
         complain(written.error());
         complain(Alert{
-            .title = u"Export failed"_s,
-            .text = _format == "xmeml" ? u"Couldn't write xml file."_s : u"Couldn't write text file."_s});
+            .title = tr("Export failed"),
+            .text = _format == "xmeml" ? tr("Couldn't write xml file.") : tr("Couldn't write text file.")});
         return ExitStatus::failed;
     }
     return ExitStatus::done;

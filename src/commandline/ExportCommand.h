@@ -11,6 +11,8 @@
 namespace marquill {
 
 class ExportCommand : public Command {
+    Q_DECLARE_TR_FUNCTIONS(ExportCommand)
+
   public:
     CLI::App* addTo(CLI::App& parser) override;
     ExitStatus run() override;

@@ -9,9 +9,11 @@
 namespace marquill {
 
 CLI::App* ImportCommand::addTo(CLI::App& parser) {
-    CLI::App* import = parser.add_subcommand("import", "Make placeholders that stand for movies");
-    import->add_option("FOLDER", _folder, "The record folder")->required();
-    import->add_option("MOVIE", _movies, "The movies; they stay where they are")->required();
+    CLI::App* import =
+        parser.add_subcommand("import", tr("Make placeholders that stand for movies").toStdString());
+    import->add_option("FOLDER", _folder, tr("The record folder").toStdString())->required();
+    import->add_option("MOVIE", _movies, tr("The movies; they stay where they are").toStdString())
+        ->required();
     return import;
 }
 
@@ -34,8 +36,8 @@ ExitStatus ImportCommand::run() {
     }
     if (!imported.errors.empty()) {
         complain(
-            Alert{.title = u"Could not load one or more Clips"_s,
-                  .text = u"%1 of %2 were not imported."_s.arg(imported.errors.size()).arg(movies.size())});
+            Alert{.title = tr("Could not load one or more Clips"),
+                  .text = tr("%1 of %2 were not imported.").arg(imported.errors.size()).arg(movies.size())});
         return ExitStatus::failed;
     }
     return ExitStatus::done;

@@ -9,6 +9,8 @@
 namespace marquill {
 
 class ImportCommand : public Command {
+    Q_DECLARE_TR_FUNCTIONS(ImportCommand)
+
   public:
     CLI::App* addTo(CLI::App& parser) override;
     ExitStatus run() override;

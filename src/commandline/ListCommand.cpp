@@ -37,9 +37,9 @@ QString line(const ClipInfo& clip) {
 }  // namespace
 
 CLI::App* ListCommand::addTo(CLI::App& parser) {
-    CLI::App* list = parser.add_subcommand("list", "List the clips of a record folder");
-    list->add_option("FOLDER", _folder, "The record folder")->required();
-    list->add_flag("--json", _json, "Print the whole records as JSON");
+    CLI::App* list = parser.add_subcommand("list", tr("List the clips of a record folder").toStdString());
+    list->add_option("FOLDER", _folder, tr("The record folder").toStdString())->required();
+    list->add_flag("--json", _json, tr("Print the whole records as JSON").toStdString());
     return list;
 }
 

@@ -8,6 +8,8 @@
 namespace marquill {
 
 class ListCommand : public Command {
+    Q_DECLARE_TR_FUNCTIONS(ListCommand)
+
   public:
     CLI::App* addTo(CLI::App& parser) override;
     ExitStatus run() override;

@@ -5,6 +5,8 @@
 #include "connect/ClipFileFacts.h"
 #include "platform/Files.h"
 
+#include <QCoreApplication>
+
 namespace marquill {
 
 namespace {
@@ -18,11 +20,12 @@ std::optional<QString> fileNameOf(const QString& given, const QString& folder) {
     if (path && fileExists(*path)) {
         return name;
     }
-    complain(
-        {ErrorCode::notFound,
-         u"the folder holds no place holder clip \"%1\"; `marquill list` tells those that it holds"_s.arg(
-             given),
-         folder});
+    complain({ErrorCode::notFound,
+              QCoreApplication::translate(
+                  "PlaceholderChoice",
+                  "the folder holds no place holder clip \"%1\"; `marquill list` tells those that it holds")
+                  .arg(given),
+              folder});
     return std::nullopt;
 }
 
@@ -78,11 +81,16 @@ bool isOwnRecord(const ClipInfo& clip, const QString& folder, const QString& nam
     }
     if (recorded) {
         complain({ErrorCode::malformed,
-                  u"its record is that of \"%1\"; give the file this name back to change the clip"_s.arg(
-                      *recorded),
+                  QCoreApplication::translate(
+                      "PlaceholderChoice",
+                      "its record is that of \"%1\"; give the file this name back to change the clip")
+                      .arg(*recorded),
                   path});
     } else {
-        complain({ErrorCode::malformed, u"holds no clip record and was left as it is"_s, path});
+        complain(
+            {ErrorCode::malformed,
+             QCoreApplication::translate("PlaceholderChoice", "holds no clip record and was left as it is"),
+             path});
     }
     return false;
 }
@@ -92,8 +100,10 @@ bool writeChange(const ClipInfo& clip, const QString& folder) {
     if (status == 0) {
         return true;
     }
-    complain({ErrorCode::inputOutput, u"the clip could not be changed (%1)"_s.arg(status),
-              joinPath(folder, clip.clipName().value_or(QString()))});
+    complain(
+        {ErrorCode::inputOutput,
+         QCoreApplication::translate("PlaceholderChoice", "the clip could not be changed (%1)").arg(status),
+         joinPath(folder, clip.clipName().value_or(QString()))});
     return false;
 }
 

@@ -79,30 +79,34 @@ QStringList timeCodes(const Movie& movie, const std::vector<long long>& values) 
 
 QString textOfMovie(const Movie& movie) {
     QStringList lines;
-    lines.append(u"duration   %1 s (%2 / %3)%4"_s.arg(movie.seconds(), 0, 'f', 3)
+    lines.append(ProbeCommand::tr("duration   %1 s (%2 / %3)%4")
+                     .arg(movie.seconds(), 0, 'f', 3)
                      .arg(movie.duration())
                      .arg(movie.timeScale())
-                     .arg(movie.isFragmented() ? u", fragmented"_s : QString()));
-    lines.append(u"header     %1 bytes at %2, %3 the media%4"_s.arg(movie.header().size)
+                     .arg(movie.isFragmented() ? ProbeCommand::tr(", fragmented") : QString()));
+    lines.append((movie.header().beforeMedia
+                      ? ProbeCommand::tr("header     %1 bytes at %2, before the media%3")
+                      : ProbeCommand::tr("header     %1 bytes at %2, after the media%3"))
+                     .arg(movie.header().size)
                      .arg(movie.header().offset)
-                     .arg(movie.header().beforeMedia ? u"before"_s : u"after"_s)
-                     .arg(movie.header().compressed ? u", compressed"_s : QString()));
+                     .arg(movie.header().compressed ? ProbeCommand::tr(", compressed") : QString()));
     if (movie.isReferenceMovie()) {
-        lines.append(u"reference  names other movies, has no media of its own"_s);
+        lines.append(ProbeCommand::tr("reference  names other movies, has no media of its own"));
     }
     for (const Track& track : movie.tracks()) {
-        lines.append(u"track %1    %2 %3, %4 samples, %5 × %6"_s.arg(track.id)
+        lines.append(ProbeCommand::tr("track %1    %2 %3, %4 samples, %5 × %6")
+                         .arg(track.id)
                          .arg(track.handler.text(), track.codec.text())
                          .arg(track.sampleCount)
                          .arg(track.width)
                          .arg(track.height));
     }
     if (!movie.userData()) {
-        lines.append(u"user data  none: the movie cannot hold a clip record"_s);
+        lines.append(ProbeCommand::tr("user data  none: the movie cannot hold a clip record"));
         return lines.join(u'\n');
     }
     for (const RawAtom& item : movie.userData()->items()) {
-        lines.append(u"user data  %1, %2 bytes"_s.arg(item.type.text()).arg(item.body.size()));
+        lines.append(ProbeCommand::tr("user data  %1, %2 bytes").arg(item.type.text()).arg(item.body.size()));
     }
     return lines.join(u'\n');
 }
@@ -110,10 +114,13 @@ QString textOfMovie(const Movie& movie) {
 }  // namespace
 
 CLI::App* ProbeCommand::addTo(CLI::App& parser) {
-    CLI::App* probe = parser.add_subcommand("probe", "Tell what the header of a movie file says");
-    probe->add_option("FILE", _file, "The movie")->required();
-    probe->add_flag("--json", _json, "Print it as JSON");
-    probe->add_option("--timecode", _timeCodes, "Also the time codes at these times, in units of the movie")
+    CLI::App* probe =
+        parser.add_subcommand("probe", tr("Tell what the header of a movie file says").toStdString());
+    probe->add_option("FILE", _file, tr("The movie").toStdString())->required();
+    probe->add_flag("--json", _json, tr("Print it as JSON").toStdString());
+    probe
+        ->add_option("--timecode", _timeCodes,
+                     tr("Also the time codes at these times, in units of the movie").toStdString())
         ->type_name("VALUE");
     return probe;
 }
@@ -135,7 +142,7 @@ ExitStatus ProbeCommand::run() {
     }
     print(textOfMovie(*movie));
     for (const QString& text : texts) {
-        print(u"time code  "_s + text);
+        print(tr("time code  %1").arg(text));
     }
     return ExitStatus::done;
 }

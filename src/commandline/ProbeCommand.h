@@ -9,6 +9,8 @@
 namespace marquill {
 
 class ProbeCommand : public Command {
+    Q_DECLARE_TR_FUNCTIONS(ProbeCommand)
+
   public:
     CLI::App* addTo(CLI::App& parser) override;
     ExitStatus run() override;

@@ -21,13 +21,19 @@ QString given(const std::optional<std::string>& text, const QString& otherwise) 
 
 CLI::App* RecordCommand::addTo(CLI::App& parser) {
     CLI::App* record = parser.add_subcommand(
-        "record", "Record a take: digits fire markers, Enter or Escape stops and writes the placeholder");
-    record->add_option("FOLDER", _folder, "The record folder")->required();
-    record->add_option("--name", _name, "Name of the clip; otherwise the recorder's last one")
+        "record", tr("Record a take: digits fire markers, Enter or Escape stops and writes the placeholder")
+                      .toStdString());
+    record->add_option("FOLDER", _folder, tr("The record folder").toStdString())->required();
+    record
+        ->add_option("--name", _name, tr("Name of the clip; otherwise the recorder's last one").toStdString())
         ->type_name("NAME");
-    record->add_option("--scene", _scene, "Scene of the clip; otherwise the recorder's last one")
+    record
+        ->add_option("--scene", _scene,
+                     tr("Scene of the clip; otherwise the recorder's last one").toStdString())
         ->type_name("SCENE");
-    record->add_option("--marker-set", _markerSet, "Title of the marker set; otherwise the current one")
+    record
+        ->add_option("--marker-set", _markerSet,
+                     tr("Title of the marker set; otherwise the current one").toStdString())
         ->type_name("TITLE");
     return record;
 }
@@ -55,8 +61,8 @@ ExitStatus RecordCommand::run() {
     if (!clip) {
         complain(clip.error());
         complain(Alert{
-            .title = u"Couldn't create Place Holder Clip"_s,
-            .text = u"The place holder file couldn't be created. Please check your user permissions."_s});
+            .title = tr("Couldn't create Place Holder Clip"),
+            .text = tr("The place holder file couldn't be created. Please check your user permissions.")});
         return ExitStatus::failed;
     }
     return ExitStatus::done;
@@ -75,7 +81,7 @@ Result<MarkerSet> RecordCommand::markerSet() const {
         }
     }
     return failure(ErrorCode::notFound,
-                   u"no marker set is called \"%1\"; there are: %2"_s.arg(title, titles.join(u", "_s)));
+                   tr("no marker set is called \"%1\"; there are: %2").arg(title, titles.join(u", "_s)));
 }
 
 }  // namespace marquill

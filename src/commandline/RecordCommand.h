@@ -10,6 +10,8 @@
 namespace marquill {
 
 class RecordCommand : public Command {
+    Q_DECLARE_TR_FUNCTIONS(RecordCommand)
+
   public:
     CLI::App* addTo(CLI::App& parser) override;
     ExitStatus run() override;

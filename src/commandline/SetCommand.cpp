@@ -46,17 +46,18 @@ bool isRating(const QString& value) {
 }
 
 // What is wrong with an argument, or "".
-std::string complaintAbout(const std::string& text) {
+QString complaintAbout(const std::string& text) {
     const auto [key, value] = assignmentOf(text);
     const QString recordKey = recordKeyOf(key);
     if (recordKey.isEmpty()) {
-        return "\"" + text + "\" is not KEY=VALUE with a key of scene, take, rating, label, comment";
+        return SetCommand::tr("\"%1\" is not KEY=VALUE with a key of scene, take, rating, label, comment")
+            .arg(QString::fromStdString(text));
     }
     if (recordKey == ClipKey::clipRating && !isRating(value)) {
-        return "a rating is a number from 0 to 5, not \"" + value.toStdString() + "\"";
+        return SetCommand::tr("a rating is a number from 0 to 5, not \"%1\"").arg(value);
     }
     if (!isPropertyListText(value)) {
-        return "the " + key.toStdString() + " holds a character that no clip record can";
+        return SetCommand::tr("the %1 holds a character that no clip record can").arg(key);
     }
     return {};
 }
@@ -66,8 +67,9 @@ Result<void> checkLabel(const QString& label) {
     if (label.isEmpty() || labels.contains(label)) {
         return {};
     }
-    return failure(ErrorCode::notFound,
-                   u"no label is called \"%1\"; there are: %2"_s.arg(label, labels.join(u", "_s)));
+    return failure(
+        ErrorCode::notFound,
+        SetCommand::tr("no label is called \"%1\"; there are: %2").arg(label, labels.join(u", "_s)));
 }
 
 // Nothing stands for a key that the record is not to have.
@@ -107,8 +109,8 @@ std::optional<ClipInfo> ownClip(const QString& path) {
     }
     std::optional<ClipInfo> clip = ClipStore::infoForClip(path);
     if (!clip) {
-        complain(
-            {ErrorCode::malformed, u"holds no clip record; see what `marquill probe` tells of it"_s, path});
+        complain({ErrorCode::malformed,
+                  SetCommand::tr("holds no clip record; see what `marquill probe` tells of it"), path});
         return std::nullopt;
     }
     return isOwnRecord(*clip, parentFolder(path), lastPathComponent(path)) ? clip : std::nullopt;
@@ -117,11 +119,12 @@ std::optional<ClipInfo> ownClip(const QString& path) {
 }  // namespace
 
 CLI::App* SetCommand::addTo(CLI::App& parser) {
-    CLI::App* set = parser.add_subcommand("set", "Change what is logged of a clip");
-    set->add_option("CLIP", _clip, "The clip file: a placeholder or a movie")->required();
-    set->add_option("KEY=VALUE", _assignments, "Keys: scene, take, rating (0 to 5), label, comment")
+    CLI::App* set = parser.add_subcommand("set", tr("Change what is logged of a clip").toStdString());
+    set->add_option("CLIP", _clip, tr("The clip file: a placeholder or a movie").toStdString())->required();
+    set->add_option("KEY=VALUE", _assignments,
+                    tr("Keys: scene, take, rating (0 to 5), label, comment").toStdString())
         ->required()
-        ->check([](const std::string& text) { return complaintAbout(text); })
+        ->check([](const std::string& text) { return complaintAbout(text).toStdString(); })
         ->type_name("");
     return set;
 }

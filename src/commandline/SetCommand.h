@@ -9,6 +9,8 @@
 namespace marquill {
 
 class SetCommand : public Command {
+    Q_DECLARE_TR_FUNCTIONS(SetCommand)
+
   public:
     CLI::App* addTo(CLI::App& parser) override;
     ExitStatus run() override;

@@ -9,9 +9,10 @@
 namespace marquill {
 
 CLI::App* ShowCommand::addTo(CLI::App& parser) {
-    CLI::App* show = parser.add_subcommand("show", "Show the record of a clip and the texts about it");
-    show->add_option("CLIP", _clip, "The clip file: a placeholder or a movie")->required();
-    show->add_flag("--json", _json, "Print it as JSON");
+    CLI::App* show =
+        parser.add_subcommand("show", tr("Show the record of a clip and the texts about it").toStdString());
+    show->add_option("CLIP", _clip, tr("The clip file: a placeholder or a movie").toStdString())->required();
+    show->add_flag("--json", _json, tr("Print it as JSON").toStdString());
     return show;
 }
 
@@ -24,7 +25,7 @@ ExitStatus ShowCommand::run() {
     const std::optional<ClipInfo> clip = ClipStore::infoForClip(path);
     if (!clip) {
         complain(
-            {ErrorCode::malformed, u"holds no clip record; see what `marquill probe` tells of it"_s, path});
+            {ErrorCode::malformed, tr("holds no clip record; see what `marquill probe` tells of it"), path});
         return ExitStatus::failed;
     }
     const QString folder = parentFolder(path);

@@ -8,6 +8,8 @@
 namespace marquill {
 
 class ShowCommand : public Command {
+    Q_DECLARE_TR_FUNCTIONS(ShowCommand)
+
   public:
     CLI::App* addTo(CLI::App& parser) override;
     ExitStatus run() override;

@@ -71,7 +71,10 @@ Result<QString> TerminalRecorder::record() {
 void TerminalRecorder::tellStart() const {
     const std::optional<NewClipName> next = ClipStore::getNewClipNameForFolder(_take.folder, _take.name);
     const QString name = next ? next->name : TakeWriter::untitled;
-    show(u"Recording %1, take %2, into %3\n"_s.arg(name).arg(next ? next->takeNo : 0).arg(_take.folder));
+    show(QCoreApplication::translate("TerminalRecorder", "Recording %1, take %2, into %3\n")
+             .arg(name)
+             .arg(next ? next->takeNo : 0)
+             .arg(_take.folder));
     if (!_terminal.hasKeyboard()) {
         return;
     }
@@ -79,7 +82,8 @@ void TerminalRecorder::tellStart() const {
         show(u"  %1  %2\n"_s.arg(digit % digits)
                  .arg(MarkerSetStore::markerStringAtIndex(buttonIndex(digit % digits), _set)));
     }
-    show(u"A digit fires its marker; Enter or Escape stops.\n"_s);
+    show(QCoreApplication::translate("TerminalRecorder",
+                                     "A digit fires its marker; Enter or Escape stops.\n"));
     showClock();
 }
 
