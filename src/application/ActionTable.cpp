@@ -1,6 +1,7 @@
 #include "application/ActionTable.h"
 
 #include <QAction>
+#include <QCoreApplication>
 #include <QMenu>
 #include <QMenuBar>
 
@@ -45,11 +46,16 @@ QMenu& ActionTable::menuTitled(const QString& path, QMenuBar& menuBar) {
         return *menu;
     }
     const qsizetype slash = path.lastIndexOf(u'/');
-    const QString title = path.mid(slash + 1);
+    const QString title = menuTitle(path);
     QMenu* menu = slash < 0 ? menuBar.addMenu(title) : menuTitled(path.left(slash), menuBar).addMenu(title);
     menu->setObjectName(path);
     validateWhenShown(*menu);
     return *menu;
+}
+
+QString ActionTable::menuTitle(const QString& menu) {
+    const QByteArray title = menu.mid(menu.lastIndexOf(u'/') + 1).toUtf8();
+    return QCoreApplication::translate("ApplicationMenus", title.constData());
 }
 
 void ActionTable::addAction(size_t index, QMenu& menu) {

@@ -17,8 +17,10 @@ class QMenuBar;
 namespace marquill {
 
 struct ActionDescription {
-    QString id;    ///< stable; the object name of its QAction, e.g. "showHideMarkerWindow"
-    QString menu;  ///< the title of the menu it stands in, a submenu's behind its menu's: "&File/&Export"
+    QString id;  ///< stable; the object name of its QAction, e.g. "showHideMarkerWindow"
+    /// The title of the menu it stands in, before translation; a submenu's behind its menu's:
+    /// "&File/&Export".
+    QString menu;
     QString text;  ///< what it does; its title, where validateMenuItem sets no other
     QKeySequence shortcut;
     std::function<void()> run;
@@ -41,6 +43,8 @@ class ActionTable : public QObject {
     void validate();
 
     QAction* action(const QString& id) const;
+    /// What a menu is called in the user's language; `menu` as in a description.
+    static QString menuTitle(const QString& menu);
     const std::vector<ActionDescription>& descriptions() const { return _descriptions; }
 
   private:

@@ -222,9 +222,9 @@ bool Application::keyDown(QEvent& event) {
 Application::TerminateReply Application::shouldTerminate() {
     if (OfflineRecorder::isRecording()) {
         Dialogs::current().alert(
-            nullptr, {.title = u"Quit Marquill?"_s,
-                      .text = u"Marquill is currently busy with recording a clip. To quit Vistacue "
-                              "please stop recording and try again to quit."_s});
+            nullptr, {.title = tr("Quit Marquill?"),
+                      .text = tr("Marquill is currently busy with recording a clip. To quit Vistacue "
+                                 "please stop recording and try again to quit.")});
         return TerminateReply::cancel;
     }
     if (!ClipManager::cleanUp()) {

@@ -67,7 +67,8 @@ bool validateEditCommand(QAction& action) {
     const bool can = FocusedText::can(*command);
     if (*command == FocusedText::Command::undo || *command == FocusedText::Command::redo) {
         if (can) {
-            action.setText(*command == FocusedText::Command::undo ? u"Undo Typing"_s : u"Redo Typing"_s);
+            action.setText(*command == FocusedText::Command::undo ? Application::tr("Undo Typing")
+                                                                  : Application::tr("Redo Typing"));
             action.setEnabled(true);
         }
         return can;
@@ -139,16 +140,16 @@ void Application::hide() {
 
 void Application::orderFrontStandardAboutPanel() {
     QMessageBox about(QApplication::activeWindow());
-    about.setWindowTitle(u"About Marquill"_s);
+    about.setWindowTitle(tr("About Marquill"));
     about.setIconPixmap(windowIcon().pixmap(64, 64));
     about.setText(u"<b>Marquill %1</b>"_s.arg(applicationVersion()));
-    about.setInformativeText(u"Logs video shots while they are filmed."_s);
+    about.setInformativeText(tr("Logs video shots while they are filmed."));
     about.exec();
 }
 
 void Application::sendSupportEmail() {
     openAddress(QUrl(u"mailto:"_s + supportAddress + u"?subject="_s +
-                     QString::fromLatin1(QUrl::toPercentEncoding(u"Feedback:"_s))),
+                     QString::fromLatin1(QUrl::toPercentEncoding(tr("Feedback:")))),
                 "Invalid support URL");
 }
 
@@ -162,20 +163,20 @@ void Application::troubleShooting() {
 
 void Application::validateMenuItem(QAction& action) {
     const auto title = [&action](bool visible, const QString& window) {
-        action.setText((visible ? u"Hide "_s : u"Show "_s) + window);
+        action.setText((visible ? tr("Hide %1") : tr("Show %1")).arg(window));
     };
     const QString id = action.objectName();
     const bool recording = OfflineRecorder::isRecording();
     if (id == "showHideClipManagerWindow"_L1) {
-        title(isVisible(clipManagerWindow()), u"Clip Manager"_s);
+        title(isVisible(clipManagerWindow()), tr("Clip Manager"));
     } else if (id == "showHideMarkerWindow"_L1) {
-        title(isVisible(MarkerSets::window()), u"Real Time Markers Window"_s);
+        title(isVisible(MarkerSets::window()), tr("Real Time Markers Window"));
     } else if (id == "showHideOfflineRecorderWindow"_L1) {
         const bool visible = isVisible(OfflineRecorder::window());
-        title(visible, u"Place Holder Clip Recorder Window"_s);
+        title(visible, tr("Place Holder Clip Recorder Window"));
         action.setEnabled(!visible || !recording);
     } else if (id == "showKeyboardShortCuts"_L1) {
-        title(isVisible(_keyboardShortcuts.get()), u"Keyboard Shortcuts"_s);
+        title(isVisible(_keyboardShortcuts.get()), tr("Keyboard Shortcuts"));
     } else if (id == "startRecording"_L1) {
         action.setEnabled(!recording);
     } else if (id == "stopRecording"_L1) {

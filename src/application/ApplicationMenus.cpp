@@ -9,6 +9,8 @@
 #include "connect/ClipTableController.h"
 #include "recording/OfflineRecorder.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <iterator>
 
@@ -29,27 +31,27 @@ void withExports(void (ClipExports::*command)()) {
 }
 
 std::vector<ActionDescription> fileCommands(Application& app) {
-    const QString menu = u"&File"_s;
+    const QString menu = QString::fromLatin1(QT_TRANSLATE_NOOP("ApplicationMenus", "&File"));
     return {
-        {u"addFolder"_s, menu, u"Add Folder…"_s, QKeySequence::Open,
+        {u"addFolder"_s, menu, Application::tr("Add Folder…"), QKeySequence::Open,
          [] { withClipManager(&ClipManager::addFolderButton); }},
         {u"removeFolder"_s,
          menu,
-         u"Remove Folder from List"_s,
+         Application::tr("Remove Folder from List"),
          {},
          [] { withClipManager(&ClipManager::removeFolderButton); }},
-        {u"importQTclips"_s, menu, u"Import Movies…"_s, QKeySequence(Qt::CTRL | Qt::Key_I),
+        {u"importQTclips"_s, menu, Application::tr("Import Movies…"), QKeySequence(Qt::CTRL | Qt::Key_I),
          [] { withClipManager(&ClipManager::importQTclips); }, true},
-        {u"exportClipListAsXML"_s, menu, u"Export Clips as XML…"_s, QKeySequence(Qt::CTRL | Qt::Key_E),
-         [] { withExports(&ClipExports::exportClipListAsXML); }},
-        {u"exportClipListAsText"_s, menu, u"Export Clips as Text…"_s,
+        {u"exportClipListAsXML"_s, menu, Application::tr("Export Clips as XML…"),
+         QKeySequence(Qt::CTRL | Qt::Key_E), [] { withExports(&ClipExports::exportClipListAsXML); }},
+        {u"exportClipListAsText"_s, menu, Application::tr("Export Clips as Text…"),
          QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E),
          [] { withExports(&ClipExports::exportClipListAsText); }},
-        {u"showPreferences"_s, menu, u"Preferences…"_s, QKeySequence(Qt::CTRL | Qt::Key_Comma),
+        {u"showPreferences"_s, menu, Application::tr("Preferences…"), QKeySequence(Qt::CTRL | Qt::Key_Comma),
          [&app] { app.showPreferences(); }, true},
-        {u"hide"_s, menu, u"Hide Marquill"_s, QKeySequence(Qt::CTRL | Qt::Key_H), [&app] { app.hide(); },
-         true},
-        {u"terminate"_s, menu, u"Quit Marquill"_s, QKeySequence(Qt::CTRL | Qt::Key_Q),
+        {u"hide"_s, menu, Application::tr("Hide Marquill"), QKeySequence(Qt::CTRL | Qt::Key_H),
+         [&app] { app.hide(); }, true},
+        {u"terminate"_s, menu, Application::tr("Quit Marquill"), QKeySequence(Qt::CTRL | Qt::Key_Q),
          [&app] { app.terminateLater(); }, true},
     };
 }
@@ -71,79 +73,86 @@ void undoOrRedo(FocusedText::Command command, void (ClipManager::*step)()) {
 
 std::vector<ActionDescription> editCommands() {
     using FocusedText::Command;
-    const QString menu = u"&Edit"_s;
+    const QString menu = QString::fromLatin1(QT_TRANSLATE_NOOP("ApplicationMenus", "&Edit"));
     return {
-        {u"undo"_s, menu, u"Undo"_s, QKeySequence::Undo,
+        {u"undo"_s, menu, Application::tr("Undo"), QKeySequence::Undo,
          [] { undoOrRedo(Command::undo, &ClipManager::undo); }},
-        {u"redo"_s, menu, u"Redo"_s, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z),
+        {u"redo"_s, menu, Application::tr("Redo"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z),
          [] { undoOrRedo(Command::redo, &ClipManager::redo); }},
-        {u"cut"_s, menu, u"Cut"_s, QKeySequence::Cut, [] { FocusedText::perform(Command::cut); }, true},
-        {u"copy"_s, menu, u"Copy"_s, QKeySequence::Copy, [] { FocusedText::perform(Command::copy); }},
-        {u"paste"_s, menu, u"Paste"_s, QKeySequence::Paste, [] { FocusedText::perform(Command::paste); }},
-        {u"selectAll"_s, menu, u"Select All"_s, QKeySequence::SelectAll,
+        {u"cut"_s, menu, Application::tr("Cut"), QKeySequence::Cut,
+         [] { FocusedText::perform(Command::cut); }, true},
+        {u"copy"_s, menu, Application::tr("Copy"), QKeySequence::Copy,
+         [] { FocusedText::perform(Command::copy); }},
+        {u"paste"_s, menu, Application::tr("Paste"), QKeySequence::Paste,
+         [] { FocusedText::perform(Command::paste); }},
+        {u"selectAll"_s, menu, Application::tr("Select All"), QKeySequence::SelectAll,
          [] { FocusedText::perform(Command::selectAll); }},
     };
 }
 
 std::vector<ActionDescription> viewCommands(Application& app) {
-    const QString menu = u"&View"_s;
+    const QString menu = QString::fromLatin1(QT_TRANSLATE_NOOP("ApplicationMenus", "&View"));
     const auto part = [&menu](const QString& id, const QString& text, Qt::Key key,
                               void (ClipManager::*command)()) {
         return ActionDescription{id, menu, text, QKeySequence(Qt::CTRL | key),
                                  [command] { withClipManager(command); }};
     };
     return {
-        {u"goToRecorder"_s, menu, u"Go to Recorder"_s, QKeySequence(Qt::CTRL | Qt::Key_4),
+        {u"goToRecorder"_s, menu, Application::tr("Go to Recorder"), QKeySequence(Qt::CTRL | Qt::Key_4),
          [&app] { app.goToRecorder(); }},
-        part(u"goToFolders"_s, u"Go to Folders"_s, Qt::Key_5, &ClipManager::goToFolders),
-        part(u"goToClips"_s, u"Go to Clips"_s, Qt::Key_6, &ClipManager::goToClips),
-        part(u"goToMovie"_s, u"Go to Movie"_s, Qt::Key_7, &ClipManager::goToMovie),
-        part(u"goToAttributes"_s, u"Go to Clip Attributes"_s, Qt::Key_8, &ClipManager::goToAttributes),
-        part(u"goToMarkers"_s, u"Go to Markers"_s, Qt::Key_9, &ClipManager::goToMarkers),
-        {u"goToMarkerButtons"_s, menu, u"Go to Marker Buttons"_s, QKeySequence(Qt::CTRL | Qt::Key_0),
-         [&app] { app.goToMarkerButtons(); }},
-        {u"collapseWindow"_s, menu, u"Collapse Window"_s, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_W),
+        part(u"goToFolders"_s, Application::tr("Go to Folders"), Qt::Key_5, &ClipManager::goToFolders),
+        part(u"goToClips"_s, Application::tr("Go to Clips"), Qt::Key_6, &ClipManager::goToClips),
+        part(u"goToMovie"_s, Application::tr("Go to Movie"), Qt::Key_7, &ClipManager::goToMovie),
+        part(u"goToAttributes"_s, Application::tr("Go to Clip Attributes"), Qt::Key_8,
+             &ClipManager::goToAttributes),
+        part(u"goToMarkers"_s, Application::tr("Go to Markers"), Qt::Key_9, &ClipManager::goToMarkers),
+        {u"goToMarkerButtons"_s, menu, Application::tr("Go to Marker Buttons"),
+         QKeySequence(Qt::CTRL | Qt::Key_0), [&app] { app.goToMarkerButtons(); }},
+        {u"collapseWindow"_s, menu, Application::tr("Collapse Window"),
+         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_W),
          [] { withClipManager(&ClipManager::collapseWindow); }, true},
     };
 }
 
 std::vector<ActionDescription> clipCommands() {
-    const QString menu = u"&Clip"_s;
+    const QString menu = QString::fromLatin1(QT_TRANSLATE_NOOP("ApplicationMenus", "&Clip"));
     return {
-        {u"openClipInViewer"_s, menu, u"Open in Viewer"_s, QKeySequence(Qt::CTRL | Qt::Key_Return),
+        {u"openClipInViewer"_s, menu, Application::tr("Open in Viewer"),
+         QKeySequence(Qt::CTRL | Qt::Key_Return),
          [] { withClipTable(&ClipTableController::openClipInViewer); }},
-        {u"openClipInQTPlayer"_s, menu, u"Open in Default Player"_s,
+        {u"openClipInQTPlayer"_s, menu, Application::tr("Open in Default Player"),
          QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Return),
          [] { withClipTable(&ClipTableController::openClipInQTPlayer); }},
-        {u"showClipInFinder"_s, menu, u"Show in File Browser"_s, QKeySequence(Qt::CTRL | Qt::Key_R),
-         [] { withClipTable(&ClipTableController::showClipInFinder); }},
+        {u"showClipInFinder"_s, menu, Application::tr("Show in File Browser"),
+         QKeySequence(Qt::CTRL | Qt::Key_R), [] { withClipTable(&ClipTableController::showClipInFinder); }},
         {u"renameSelected"_s,
          menu,
-         u"Rename Clip"_s,
+         Application::tr("Rename Clip"),
          {},
          [] { withClipTable(&ClipTableController::renameSelected); },
          true},
-        {u"deleteItem"_s, menu, u"Delete Clips"_s, QKeySequence(Qt::CTRL | Qt::Key_Backspace),
+        {u"deleteItem"_s, menu, Application::tr("Delete Clips"), QKeySequence(Qt::CTRL | Qt::Key_Backspace),
          [] { withClipTable(&ClipTableController::deleteItem); }},
-        {u"selectNextClip"_s, menu, u"Select Next Clip"_s, QKeySequence(Qt::CTRL | Qt::Key_Down),
-         [] { withClipTable(&ClipTableController::selectNextClip); }, true},
-        {u"selectPrevClip"_s, menu, u"Select Previous Clip"_s, QKeySequence(Qt::CTRL | Qt::Key_Up),
-         [] { withClipTable(&ClipTableController::selectPrevClip); }},
-        {u"clipIn"_s, menu, u"Set In Point"_s, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_I),
+        {u"selectNextClip"_s, menu, Application::tr("Select Next Clip"),
+         QKeySequence(Qt::CTRL | Qt::Key_Down), [] { withClipTable(&ClipTableController::selectNextClip); },
+         true},
+        {u"selectPrevClip"_s, menu, Application::tr("Select Previous Clip"),
+         QKeySequence(Qt::CTRL | Qt::Key_Up), [] { withClipTable(&ClipTableController::selectPrevClip); }},
+        {u"clipIn"_s, menu, Application::tr("Set In Point"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_I),
          [] { withClipManager(&ClipManager::clipIn); }, true},
-        {u"clipOut"_s, menu, u"Set Out Point"_s, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O),
+        {u"clipOut"_s, menu, Application::tr("Set Out Point"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O),
          [] { withClipManager(&ClipManager::clipOut); }},
-        {u"addMarker"_s, menu, u"Add Marker"_s, QKeySequence(Qt::CTRL | Qt::Key_M),
+        {u"addMarker"_s, menu, Application::tr("Add Marker"), QKeySequence(Qt::CTRL | Qt::Key_M),
          [] { withClipManager(&ClipManager::addMarker); }},
         {u"showLabelList"_s,
          menu,
-         u"Edit Labels…"_s,
+         Application::tr("Edit Labels…"),
          {},
          [] { withClipManager(&ClipManager::showLabelList); },
          true},
         {u"showLeftOutMovies"_s,
          menu,
-         u"Left-Out Movies…"_s,
+         Application::tr("Left-Out Movies…"),
          {},
          [] { withClipManager(&ClipManager::showLeftOutMovies); }},
     };
@@ -156,62 +165,79 @@ void withConnecting(void (ClipConnecting::*command)()) {
 }
 
 std::vector<ActionDescription> connectCommands() {
-    const QString menu = u"&Clip/C&onnect"_s;
+    const QString menu = u"&Clip/"_s + QString::fromLatin1(QT_TRANSLATE_NOOP("ApplicationMenus", "C&onnect"));
     const auto batch = [&menu](const QString& id, const QString& text, void (ClipConnecting::*command)(),
                                bool lineAbove = false) {
         return ActionDescription{id, menu, text, {}, [command] { withConnecting(command); }, lineAbove};
     };
     return {
-        batch(u"connectClip"_s, u"Connect Clip…"_s, &ClipConnecting::connectClip),
-        batch(u"unConnectSelectedClips"_s, u"Disconnect Clips"_s, &ClipConnecting::unConnectSelectedClips),
-        batch(u"batchConnectQTClips"_s, u"Batch Connect QuickTime Clips…"_s,
+        batch(u"connectClip"_s, Application::tr("Connect Clip…"), &ClipConnecting::connectClip),
+        batch(u"unConnectSelectedClips"_s, Application::tr("Disconnect Clips"),
+              &ClipConnecting::unConnectSelectedClips),
+        batch(u"batchConnectQTClips"_s, Application::tr("Batch Connect QuickTime Clips…"),
               &ClipConnecting::batchConnectQTClips, true),
-        batch(u"batchConnectRedClips_H"_s, u"Batch Connect RED Clips (H Proxies)…"_s,
+        batch(u"batchConnectRedClips_H"_s, Application::tr("Batch Connect RED Clips (H Proxies)…"),
               &ClipConnecting::batchConnectRedClips_H),
-        batch(u"batchConnectRedClips_P"_s, u"Batch Connect RED Clips (P Proxies)…"_s,
+        batch(u"batchConnectRedClips_P"_s, Application::tr("Batch Connect RED Clips (P Proxies)…"),
               &ClipConnecting::batchConnectRedClips_P),
-        batch(u"batchConnectRedClips_M"_s, u"Batch Connect RED Clips (M Proxies)…"_s,
+        batch(u"batchConnectRedClips_M"_s, Application::tr("Batch Connect RED Clips (M Proxies)…"),
               &ClipConnecting::batchConnectRedClips_M),
-        batch(u"batchConnectFCPLogAndTransferRedClips"_s, u"Batch Connect Log and Transfer RED Clips…"_s,
+        batch(u"batchConnectFCPLogAndTransferRedClips"_s,
+              Application::tr("Batch Connect Log and Transfer RED Clips…"),
               &ClipConnecting::batchConnectFCPLogAndTransferRedClips),
-        batch(u"batchConnectP2Clips"_s, u"Batch Connect P2 Clips…"_s, &ClipConnecting::batchConnectP2Clips),
+        batch(u"batchConnectP2Clips"_s, Application::tr("Batch Connect P2 Clips…"),
+              &ClipConnecting::batchConnectP2Clips),
     };
 }
 
 std::vector<ActionDescription> recordCommands(Application& app) {
-    const QString menu = u"&Record"_s;
+    const QString menu = QString::fromLatin1(QT_TRANSLATE_NOOP("ApplicationMenus", "&Record"));
     return {
-        {u"startRecording"_s, menu, u"Start Recording"_s, GlobalKeys::startRecordingKey(),
+        {u"startRecording"_s, menu, Application::tr("Start Recording"), GlobalKeys::startRecordingKey(),
          [] { OfflineRecorder::startRecording(); }},
-        {u"stopRecording"_s, menu, u"Stop Recording"_s, QKeySequence(Qt::Key_Escape),
+        {u"stopRecording"_s, menu, Application::tr("Stop Recording"), QKeySequence(Qt::Key_Escape),
          [] { OfflineRecorder::stopRecording(); }},
-        {u"recoverTakes"_s, menu, u"Recover Takes…"_s, {}, [&app] { app.recoverTakes(); }, true},
+        {u"recoverTakes"_s,
+         menu,
+         Application::tr("Recover Takes…"),
+         {},
+         [&app] { app.recoverTakes(); },
+         true},
     };
 }
 
 std::vector<ActionDescription> windowCommands(Application& app) {
-    const QString menu = u"&Window"_s;
+    const QString menu = QString::fromLatin1(QT_TRANSLATE_NOOP("ApplicationMenus", "&Window"));
     return {
-        {u"showHideClipManagerWindow"_s, menu, u"Show or Hide Clip Manager"_s,
+        {u"showHideClipManagerWindow"_s, menu, Application::tr("Show or Hide Clip Manager"),
          QKeySequence(Qt::CTRL | Qt::Key_1), [&app] { app.showHideClipManagerWindow(); }},
-        {u"showHideOfflineRecorderWindow"_s, menu, u"Show or Hide Place Holder Clip Recorder Window"_s,
+        {u"showHideOfflineRecorderWindow"_s, menu,
+         Application::tr("Show or Hide Place Holder Clip Recorder Window"),
          QKeySequence(Qt::CTRL | Qt::Key_2), [&app] { app.showHideOfflineRecorderWindow(); }},
-        {u"showHideMarkerWindow"_s, menu, u"Show or Hide Real Time Markers Window"_s,
+        {u"showHideMarkerWindow"_s, menu, Application::tr("Show or Hide Real Time Markers Window"),
          QKeySequence(Qt::CTRL | Qt::Key_3), [&app] { app.showHideMarkerWindow(); }},
-        {u"showKeyboardShortCuts"_s, menu, u"Show or Hide Keyboard Shortcuts"_s,
+        {u"showKeyboardShortCuts"_s, menu, Application::tr("Show or Hide Keyboard Shortcuts"),
          QKeySequence(Qt::CTRL | Qt::Key_K), [&app] { app.showKeyboardShortCuts(); }, true},
     };
 }
 
 std::vector<ActionDescription> helpCommands(Application& app) {
-    const QString menu = u"&Help"_s;
+    const QString menu = QString::fromLatin1(QT_TRANSLATE_NOOP("ApplicationMenus", "&Help"));
     return {
-        {u"troubleShooting"_s, menu, u"Trouble Shooting ..."_s, {}, [&app] { app.troubleShooting(); }},
-        {u"visitWebsite"_s, menu, u"Visit Website"_s, {}, [&app] { app.visitWebsite(); }},
-        {u"sendSupportEmail"_s, menu, u"Send Feedback…"_s, {}, [&app] { app.sendSupportEmail(); }},
+        {u"troubleShooting"_s,
+         menu,
+         Application::tr("Trouble Shooting ..."),
+         {},
+         [&app] { app.troubleShooting(); }},
+        {u"visitWebsite"_s, menu, Application::tr("Visit Website"), {}, [&app] { app.visitWebsite(); }},
+        {u"sendSupportEmail"_s,
+         menu,
+         Application::tr("Send Feedback…"),
+         {},
+         [&app] { app.sendSupportEmail(); }},
         {u"orderFrontStandardAboutPanel"_s,
          menu,
-         u"About Marquill ..."_s,
+         Application::tr("About Marquill ..."),
          {},
          [&app] { app.orderFrontStandardAboutPanel(); },
          true},

@@ -9,6 +9,7 @@
 #include "platform/Files.h"
 #include "platform/UserDefaults.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QStandardPaths>
 
@@ -186,7 +187,9 @@ Result<std::unique_ptr<QLockFile>> lockShoot(const QString& path) {
     lock->setStaleLockTime(0);
     if (!lock->tryLock(0)) {
         return failure(ErrorCode::alreadyExists,
-                       u"The demo is open already, or its folder cannot be written. Close the other one."_s,
+                       QCoreApplication::translate(
+                           "DemoShoot",
+                           "The demo is open already, or its folder cannot be written. Close the other one."),
                        path);
     }
     return lock;

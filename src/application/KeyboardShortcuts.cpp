@@ -23,25 +23,35 @@ struct ShortcutGroup {
 constexpr int spacing = 16;
 constexpr int rowSpacing = 6;
 
+QString keyName(Qt::Key key) {
+    return QKeySequence(key).toString(QKeySequence::NativeText);
+}
+
 // Keys that no menu holds, because they fire everywhere or only in one control.
 std::vector<ShortcutGroup> keysWithoutCommand() {
     const QString option = QKeySequence(Qt::ALT).toString(QKeySequence::NativeText);
-    return {{u"In Every Window"_s,
-             {{GlobalKeys::startRecordingKey().toString(QKeySequence::NativeText), u"Start a take"_s},
-              {u"`"_s, u"Start a take"_s},
-              {QKeySequence(Qt::Key_Escape).toString(QKeySequence::NativeText), u"Stop the take"_s},
-              {option + u"1 … 9, 0"_s, u"Fire marker 1 … 10"_s}}},
-            {u"In the Clip List"_s,
-             {{u"0 … 5"_s, u"Rate the clip"_s}, {u"Del"_s, u"Move the clips to the trash"_s}}},
-            {u"In the Marker List"_s,
-             {{u"Tab"_s, u"Edit the next cell of the marker"_s}, {u"Del"_s, u"Delete the markers"_s}}},
-            {u"In the Folder List"_s, {{u"Space"_s, u"Record into the folder"_s}}},
-            {u"On a Movie"_s,
-             {{u"Space"_s, u"Play or pause"_s},
-              {u"← →"_s, u"One frame back or on"_s},
-              {u"J K L"_s, u"Play backward, stop, play; again for faster"_s},
-              {u"Home End"_s, u"To the start, to the end"_s}}},
-            {u"On a Marker Button"_s, {{u"F2"_s, u"Change the title"_s}}}};
+    return {{KeyboardShortcuts::tr("In Every Window"),
+             {{GlobalKeys::startRecordingKey().toString(QKeySequence::NativeText),
+               KeyboardShortcuts::tr("Start a take")},
+              {u"`"_s, KeyboardShortcuts::tr("Start a take")},
+              {keyName(Qt::Key_Escape), KeyboardShortcuts::tr("Stop the take")},
+              {option + u"1 … 9, 0"_s, KeyboardShortcuts::tr("Fire marker 1 … 10")}}},
+            {KeyboardShortcuts::tr("In the Clip List"),
+             {{u"0 … 5"_s, KeyboardShortcuts::tr("Rate the clip")},
+              {keyName(Qt::Key_Delete), KeyboardShortcuts::tr("Move the clips to the trash")}}},
+            {KeyboardShortcuts::tr("In the Marker List"),
+             {{keyName(Qt::Key_Tab), KeyboardShortcuts::tr("Edit the next cell of the marker")},
+              {keyName(Qt::Key_Delete), KeyboardShortcuts::tr("Delete the markers")}}},
+            {KeyboardShortcuts::tr("In the Folder List"),
+             {{keyName(Qt::Key_Space), KeyboardShortcuts::tr("Record into the folder")}}},
+            {KeyboardShortcuts::tr("On a Movie"),
+             {{keyName(Qt::Key_Space), KeyboardShortcuts::tr("Play or pause")},
+              {u"← →"_s, KeyboardShortcuts::tr("One frame back or on")},
+              {u"J K L"_s, KeyboardShortcuts::tr("Play backward, stop, play; again for faster")},
+              {keyName(Qt::Key_Home) + u' ' + keyName(Qt::Key_End),
+               KeyboardShortcuts::tr("To the start, to the end")}}},
+            {KeyboardShortcuts::tr("On a Marker Button"),
+             {{keyName(Qt::Key_F2), KeyboardShortcuts::tr("Change the title")}}}};
 }
 
 // One group a menu, without the commands that have no key.
@@ -52,7 +62,7 @@ std::vector<ShortcutGroup> keysOfCommands(const ActionTable& actions) {
         if (keys.isEmpty()) {
             continue;
         }
-        const QString title = description.menu.section(u'/', 0, 0).remove(u'&');
+        const QString title = ActionTable::menuTitle(description.menu.section(u'/', 0, 0)).remove(u'&');
         if (groups.empty() || groups.back().title != title) {
             groups.push_back({title, {}});
         }
@@ -109,7 +119,7 @@ QGridLayout* columnOfGroups(const std::vector<ShortcutGroup>& groups) {
 
 KeyboardShortcuts::KeyboardShortcuts(const ActionTable& actions) {
     setObjectName(u"_keyboardShortcuts"_s);
-    setWindowTitle(u"Keyboard Shortcuts"_s);
+    setWindowTitle(tr("Keyboard Shortcuts"));
     auto* layout = new QHBoxLayout(this);
     layout->setSpacing(2 * spacing);
     layout->setContentsMargins(spacing, spacing, spacing, spacing);

@@ -14,6 +14,7 @@
 #include "recording/RecoverTakesDialog.h"
 #include "recording/TakeJournal.h"
 
+#include <QCoreApplication>
 #include <QMainWindow>
 
 #include <algorithm>
@@ -26,8 +27,11 @@ namespace {
 constexpr std::size_t mostTakesNamed = 3;
 constexpr double untilReadAgain = 0.1;  // seconds between two looks at a folder that is being read
 
-QString countOfTakes(std::size_t count) {
-    return count == 1 ? u"1 take"_s : u"%1 takes"_s.arg(count);
+QString textForKept(std::size_t count) {
+    return count == 1
+               ? QCoreApplication::translate("TakeRescue", "1 take could not be saved where recorded")
+               : QCoreApplication::translate("TakeRescue", "%1 takes could not be saved where recorded")
+                     .arg(count);
 }
 
 QString clipName(const TakeRecovery::RecoveredTake& take) {
@@ -61,13 +65,12 @@ void TakeRescue::launched(const TakeRecovery::Outcome& outcome) {
         takeRecovered(take);
     }
     if (!outcome.recovered.empty()) {
-        showNotice(textForRecovered(outcome.recovered), u"Show"_s,
+        showNotice(textForRecovered(outcome.recovered), tr("Show"),
                    [this, takes = outcome.recovered] { showTakes(takes); });
     }
     if (!outcome.kept.empty()) {
         setHasKeptTakes(true);
-        showNotice(u"%1 could not be saved where recorded"_s.arg(countOfTakes(outcome.kept.size())),
-                   u"Recover Takes…"_s, [this] { recoverTakes(); });
+        showNotice(textForKept(outcome.kept.size()), tr("Recover Takes…"), [this] { recoverTakes(); });
     }
 }
 
@@ -107,13 +110,16 @@ QString TakeRescue::textForRecovered(const std::vector<TakeRecovery::RecoveredTa
     QStringList names;
     for (const TakeRecovery::RecoveredTake& take : takes) {
         if (static_cast<std::size_t>(names.size()) < mostTakesNamed) {
-            names.append(withoutPathExtension(clipName(take)) + u" in "_s + lastPathComponent(take.folder));
+            names.append(
+                tr("%1 in %2").arg(withoutPathExtension(clipName(take)), lastPathComponent(take.folder)));
         }
     }
     if (takes.size() > mostTakesNamed) {
-        names.append(u"and %1 more"_s.arg(takes.size() - mostTakesNamed));
+        names.append(tr("and %1 more").arg(takes.size() - mostTakesNamed));
     }
-    return u"Recovered %1: %2"_s.arg(countOfTakes(takes.size()), names.join(u", "_s));
+    const QString list = names.join(u", "_s);
+    return takes.size() == 1 ? tr("Recovered 1 take: %1").arg(list)
+                             : tr("Recovered %1 takes: %2").arg(QString::number(takes.size()), list);
 }
 
 // Selects the folder of the first take, and in it all takes that were recovered into it.
