@@ -3,11 +3,11 @@
 _marquill() {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
     local commands="list show probe set record connect disconnect import export"
-    local global="--settings --theme --demo --exit-after-first-paint --version --help"
+    local global="--settings --language --theme --demo --exit-after-first-paint --version --help"
     local command="" index
     for ((index = 1; index < COMP_CWORD; index++)); do
         case ${COMP_WORDS[index]} in
-            --settings | --theme) ((index++)) ;;
+            --settings | --language | --theme) ((index++)) ;;
             -*) ;;
             *)
                 command=${COMP_WORDS[index]}
@@ -19,6 +19,7 @@ _marquill() {
     local words=""
     case $previous in
         --theme) words="system dark light" ;;
+        --language) words="en de fr" ;;
         --kind) words="qt red-h red-p red-m red-raw p2" ;;
         --format) words="xmeml text tab comma" ;;
         --name | --scene | --marker-set | --labels | --timecode) return ;;
@@ -38,7 +39,7 @@ _marquill() {
                 disconnect) words="--clips" ;;
                 export) words="--format --output --labels" ;;
             esac
-            [ -z "$command" ] || words="$words --settings --help"
+            [ -z "$command" ] || words="$words --settings --language --help"
             if [[ -n $command && $current != -* && ! ($command == set && $COMP_CWORD -gt $((index + 1))) ]]; then
                 compopt -o default
                 COMPREPLY=()

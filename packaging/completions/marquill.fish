@@ -4,6 +4,7 @@ set -l commands list show probe set record connect disconnect import export
 set -l none "not __fish_seen_subcommand_from $commands"
 
 complete -c marquill -l settings -r -F -d 'Keep the settings in this file'
+complete -c marquill -l language -x -a 'en de fr' -d 'Language of all texts'
 complete -c marquill -s h -l help -d 'Print what the options are'
 complete -c marquill -n $none -l theme -x -a 'system dark light' -d 'Colours of the windows'
 complete -c marquill -n $none -l demo -d 'Open a small sample shoot'

@@ -14,6 +14,7 @@
 #include "platform/EventTime.h"
 #include "platform/Images.h"
 #include "platform/Log.h"
+#include "platform/Translations.h"
 #include "platform/UserDefaults.h"
 #include "platform/WindowDescription.h"
 #include "recording/OfflineRecorder.h"
@@ -53,6 +54,7 @@ void keepAbove(QWidget& panel, const QWidget& main) {
 
 Application::Application(int& argc, char** argv, const Options& options)
     : QApplication(argc, argv), _controller(*this), _options(options) {
+    Translations::install(_options.language);
     setApplicationName(u"marquill"_s);
     setApplicationDisplayName(u"Marquill"_s);
     setApplicationVersion(QStringLiteral(MARQUILL_VERSION));

@@ -1,51 +1,128 @@
 #include "application/Options.h"
 
 #include "commandline/CommandLine.h"
+#include "platform/Translations.h"
+
+#include <QCoreApplication>
 
 #include <CLI/CLI.hpp>
 
 #include <map>
 #include <string>
+#include <string_view>
 
 namespace marquill {
 
 namespace {
-constexpr int wrongUse = 2;
-}  // namespace
 
-OptionsResult parseOptions(int& argc, char** argv) {
-    CLI::App parser("Marquill logs video shots while they are filmed.", "marquill");
+constexpr int wrongUse = 2;
+constexpr std::string_view languageOption = "--language";
+
+struct OptionTexts {
+    Q_DECLARE_TR_FUNCTIONS(Options)
+};
+
+std::string text(const QString& translated) {
+    return translated.toStdString();
+}
+
+// Help is to be in the language that the same command line asks for, so this option is read before all
+// others.
+QString languageAsked(int argc, char** argv) {
+    for (int i = 1; i < argc; ++i) {
+        const std::string_view argument = argv[i];
+        if (argument == languageOption && i + 1 < argc) {
+            return QString::fromLocal8Bit(argv[i + 1]);
+        }
+        if (argument.starts_with(languageOption) && argument.substr(languageOption.size()).starts_with('=')) {
+            return QString::fromLocal8Bit(argument.substr(languageOption.size() + 1));
+        }
+    }
+    return {};
+}
+
+std::vector<std::string> languageCodes() {
+    std::vector<std::string> codes;
+    for (const QString& language : Translations::languages()) {
+        codes.push_back(language.toStdString());
+    }
+    return codes;
+}
+
+// The library's own words in a help text. What it says of wrong use stays English.
+void translateHelp(CLI::App& parser) {
+    const std::pair<std::string, QString> labels[] = {{"Usage", OptionTexts::tr("Usage")},
+                                                      {"OPTIONS", OptionTexts::tr("OPTIONS")},
+                                                      {"SUBCOMMAND", OptionTexts::tr("SUBCOMMAND")},
+                                                      {"REQUIRED", OptionTexts::tr("REQUIRED")},
+                                                      {"Positionals", OptionTexts::tr("Positionals")}};
+    for (const auto& [label, translated] : labels) {
+        parser.get_formatter()->label(label, text(translated));
+    }
+    parser.option_defaults()->group(text(OptionTexts::tr("Options")));
+    parser.set_help_flag("-h,--help", text(OptionTexts::tr("Print this help message and exit")));
+    parser.set_version_flag("--version", "marquill " MARQUILL_VERSION,
+                            text(OptionTexts::tr("Display program version information and exit")));
+}
+
+struct Read {
+    Options options;
     std::string settingsFile;
-    std::optional<Theme::Choice> theme;
-    bool demo = false;
-    bool exitAfterFirstPaint = false;
+    std::string language;
+};
+
+void addOptions(CLI::App& parser, Read& read) {
     const std::map<std::string, Theme::Choice> themes{{"system", Theme::Choice::followSystem},
                                                       {"dark", Theme::Choice::dark},
                                                       {"light", Theme::Choice::light}};
-    parser.set_version_flag("--version", "marquill " MARQUILL_VERSION);
-    parser.add_option("--settings", settingsFile, "Keep the settings in this file instead of the user's own")
+    parser
+        .add_option("--settings", read.settingsFile,
+                    text(OptionTexts::tr("Keep the settings in this file instead of the user's own")))
         ->type_name("FILE");
-    parser.add_option("--theme", theme, "Colours of the windows: system, dark or light")
+    parser
+        .add_option("--theme", read.options.theme,
+                    text(OptionTexts::tr("Colours of the windows: system, dark or light")))
         ->transform(CLI::CheckedTransformer(themes).description(""))
         ->type_name("NAME");
-    parser.add_flag("--demo", demo,
-                    "Open a small sample shoot, made anew at every start, with settings of its own");
-    parser.add_flag("--exit-after-first-paint", exitAfterFirstPaint,
-                    "Quit when the main window has been painted, to measure how long a start takes");
+    parser
+        .add_option(std::string(languageOption), read.language,
+                    text(OptionTexts::tr("Language of all texts: %1; otherwise the desktop's")
+                             .arg(Translations::languages().join(u", "_s))))
+        ->check(CLI::IsMember(languageCodes()).description(""))
+        ->type_name("CODE");
+    parser.add_flag("--demo", read.options.demo,
+                    text(OptionTexts::tr(
+                        "Open a small sample shoot, made anew at every start, with settings of its own")));
+    parser.add_flag("--exit-after-first-paint", read.options.exitAfterFirstPaint,
+                    text(OptionTexts::tr(
+                        "Quit when the main window has been painted, to measure how long a start takes")));
+}
+
+}  // namespace
+
+OptionsResult parseOptions(int& argc, char** argv) {
+    // Only an application has translations; the one with windows is made when this one is gone.
+    std::optional<QCoreApplication> application;
+    if (!QCoreApplication::instance()) {
+        application.emplace(argc, argv);
+    }
+    Translations::install(languageAsked(argc, argv));
+    CLI::App parser(text(OptionTexts::tr("Marquill logs video shots while they are filmed.")), "marquill");
+    translateHelp(parser);
+    Read read;
+    addOptions(parser, read);
     CommandLine commands(parser);
     try {
         parser.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         return {{}, parser.exit(error) == 0 ? 0 : wrongUse};
     }
-    if (const std::optional<int> status = commands.run(argc, argv, QString::fromStdString(settingsFile))) {
+    read.options.settingsFile = QString::fromStdString(read.settingsFile);
+    read.options.language = QString::fromStdString(read.language);
+    if (const std::optional<int> status = commands.run(read.options.settingsFile)) {
         return {{}, status};
     }
-    return {{.settingsFile = QString::fromStdString(settingsFile),
-             .theme = theme,
-             .demo = demo,
-             .exitAfterFirstPaint = exitAfterFirstPaint},
-            std::nullopt};
+    return {read.options, std::nullopt};
 }
 
 }  // namespace marquill

@@ -11,6 +11,7 @@ namespace marquill {
 
 struct Options {
     QString settingsFile;                     ///< --settings FILE; empty: the user's own
+    QString language = {};                    ///< --language CODE; empty: the desktop's
     std::optional<Theme::Choice> theme = {};  ///< --theme NAME; nothing: the one in the preferences
     bool demo = false;                        ///< --demo: opens a small shoot of its own
     bool exitAfterFirstPaint = false;         ///< for measuring how long a start takes

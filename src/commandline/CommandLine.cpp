@@ -53,17 +53,17 @@ CommandLine::~CommandLine() = default;
 
 void CommandLine::add(CLI::App& parser, std::unique_ptr<Command> command) {
     CLI::App* subcommand = command->addTo(parser);
+    subcommand->group(QCoreApplication::translate("Options", "Subcommands").toStdString());
     // The options of the whole program may stand behind the command too.
     subcommand->fallthrough();
     _entries.push_back({subcommand, std::move(command)});
 }
 
-std::optional<int> CommandLine::run(int& argc, char** argv, const QString& settingsFile) {
+std::optional<int> CommandLine::run(const QString& settingsFile) {
     for (const Entry& entry : _entries) {
         if (!entry.parser->parsed()) {
             continue;
         }
-        const QCoreApplication application(argc, argv);
         QCoreApplication::setApplicationName(u"marquill"_s);
         qInstallMessageHandler(tellLog);
         if (!settingsFile.isEmpty()) {

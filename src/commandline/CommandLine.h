@@ -23,8 +23,8 @@ class CommandLine {
 
     /// Runs the subcommand that was given, once `parser` has read the command line, and returns the exit
     /// status of the process; nothing when none was given. `settingsFile` holds the settings that it takes
-    /// values from; empty: the user's own.
-    std::optional<int> run(int& argc, char** argv, const QString& settingsFile);
+    /// values from; empty: the user's own. Needs a QCoreApplication.
+    std::optional<int> run(const QString& settingsFile);
 
   private:
     struct Entry {

@@ -3,6 +3,7 @@
 #include "clipstore/ClipStore.h"
 #include "commandline/RecordJson.h"
 #include "platform/Files.h"
+#include "platform/Translations.h"
 
 #include <CLI/CLI.hpp>
 
@@ -27,6 +28,10 @@ ExitStatus ShowCommand::run() {
         complain(
             {ErrorCode::malformed, tr("holds no clip record; see what `marquill probe` tells of it"), path});
         return ExitStatus::failed;
+    }
+    std::optional<Translations::InEnglish> inEnglish;
+    if (_json) {
+        inEnglish.emplace();
     }
     const QString folder = parentFolder(path);
     const QString log = ClipStore::logForClipInfo(*clip);

@@ -30,9 +30,10 @@ inline QProcessEnvironment shellEnvironment() {
     return environment;
 }
 
-inline Outcome run(const QStringList& arguments, const QByteArray& input = {}, const QString& folder = {}) {
+inline Outcome run(const QStringList& arguments, const QByteArray& input = {}, const QString& folder = {},
+                   const QProcessEnvironment& environment = shellEnvironment()) {
     QProcess process;
-    process.setProcessEnvironment(shellEnvironment());
+    process.setProcessEnvironment(environment);
     process.setWorkingDirectory(folder);
     process.start(QStringLiteral(MARQUILL_PROGRAM), arguments);
     process.write(input);

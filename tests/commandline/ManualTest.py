@@ -7,7 +7,7 @@ import sys
 
 OPTION = re.compile(r"(?<![\w-])--[a-z][a-z0-9-]*")
 VALUES = {"--kind": ["qt", "red-h", "red-p", "red-m", "red-raw", "p2"], "--format": ["xmeml", "text", "tab", "comma"],
-          "--theme": ["system", "dark", "light"]}
+          "--theme": ["system", "dark", "light"], "--language": ["en", "de", "fr"]}
 KEYS = ["scene", "take", "rating", "label", "comment"]
 
 
@@ -87,7 +87,7 @@ def bash_offers_all(program, script):
     offered = bash_completes(script, "marquill", "")
     check(offered == set(commands_of(overview)) | options_of(overview), f"bash offers {offered}")
     for command in commands_of(overview):
-        options = options_of(help_of(program, command)) | {"--settings"}
+        options = options_of(help_of(program, command)) | {"--settings", "--language"}
         for before in ([], ["--settings", "file"]):
             offered = bash_completes(script, "marquill", *before, command, "--")
             check(offered == options, f"{command}: bash offers {offered}, the program has {options}")

@@ -1,0 +1,166 @@
+// The windows in German: that every kind of text passes through translation, and that nothing is cut off.
+#include "application/Application.h"
+#include "clipmanager/ClipManager.h"
+#include "connect/ClipTableController.h"
+#include "folders/LabelTableController.h"
+#include "folders/Preferences.h"
+#include "folders/RecordFolderController.h"
+#include "markers/MarkerSets.h"
+#include "platform/FakeDialogs.h"
+#include "platform/Files.h"
+#include "platform/Translations.h"
+#include "platform/UserDefaults.h"
+#include "recording/OfflineRecorder.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QMainWindow>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace marquill;
+
+namespace {
+
+Application& application() {
+    return *static_cast<Application*>(QCoreApplication::instance());
+}
+
+QMainWindow& mainWindow() {
+    return *ClipManager::getClipManager()->window();
+}
+
+template <class Widget>
+Widget& find(QWidget& window, const QString& name) {
+    auto* widget = window.findChild<Widget*>(name);
+    Q_ASSERT(widget);
+    return *widget;
+}
+
+// A text that its widget has no room for.
+QString cutOff(const QWidget& widget) {
+    const int missing = widget.sizeHint().width() - widget.width();
+    return missing <= 0 ? QString() : widget.objectName() + u" lacks %1 pixels"_s.arg(missing);
+}
+
+}  // namespace
+
+class TranslatedWindowsTest : public QObject {
+    Q_OBJECT
+
+    QTemporaryDir _folder;
+    std::unique_ptr<FakeDialogs> _dialogs;
+
+  private Q_SLOTS:
+    void init() {
+        _dialogs = std::make_unique<FakeDialogs>();
+        UserDefaults::useFile(joinPath(_folder.path(), u"settings.plist"_s));
+        application().finishLaunching();
+    }
+
+    void cleanup() {
+        QVERIFY(application().shouldTerminate() == Application::TerminateReply::now);
+        _dialogs.reset();
+    }
+
+    void menusAndTheirCommands() {
+        QStringList titles;
+        for (const QAction* menu : mainWindow().menuBar()->actions()) {
+            titles.append(menu->text().remove(u'&'));
+        }
+        QCOMPARE(titles, (QStringList{u"Datei"_s, u"Bearbeiten"_s, u"Ansicht"_s, u"Clip"_s, u"Aufnahme"_s,
+                                      u"Fenster"_s, u"Hilfe"_s}));
+        application().actions().validate();
+        QCOMPARE(application().actions().action(u"addFolder"_s)->text(), u"Ordner hinzufügen…"_s);
+        QCOMPARE(application().actions().action(u"showHideClipManagerWindow"_s)->text(),
+                 u"Clip-Manager ausblenden"_s);
+    }
+
+    void windowDescriptions() {
+        QCOMPARE(mainWindow().windowTitle(), u"Clip-Manager"_s);
+        QCOMPARE(OfflineRecorder::window()->windowTitle(), u"Platzhalter-Clip-Rekorder"_s);
+        QCOMPARE(MarkerSets::window()->windowTitle(), u"Echtzeit-Marker"_s);
+        QCOMPARE(find<QPushButton>(*MarkerSets::window(), u"_editSetButton"_s).text(), u"Bearbeiten…"_s);
+    }
+
+    void whatControllersWrite() {
+        QCOMPARE(find<QLabel>(*OfflineRecorder::window(), u"_recordState"_s).text(), u"BEREIT"_s);
+        const QAbstractItemModel& clips = *find<QTableView>(mainWindow(), u"_clipTable"_s).model();
+        QStringList titles;
+        for (int column = 0; column < clips.columnCount(); ++column) {
+            titles.append(clips.headerData(column, Qt::Horizontal).toString());
+        }
+        QVERIFY2(titles.contains(u"Erstellungsdatum"_s), qPrintable(titles.join(u", "_s)));
+    }
+
+    void theStatusLine() {
+        RecordFolderController& folders = ClipManager::getClipManager()->folderList();
+        _dialogs->chosen = {_folder.path()};
+        folders.addItem();
+        folders.selectFolder(_folder.path());
+        QStringList texts;
+        for (const QLabel* label : mainWindow().findChildren<QLabel*>()) {
+            texts.append(label->text());
+        }
+        QVERIFY2(texts.contains(u"Aktueller Ordner: "_s + _folder.path()), qPrintable(texts.join(u'\n')));
+    }
+
+    void alerts() {
+        OfflineRecorder::shared()->startRecording();
+        QCOMPARE(_dialogs->alerts.size(), 1);
+        QCOMPARE(_dialogs->alerts.first().title, u"Kein Zielordner für die Aufnahme ausgewählt"_s);
+    }
+
+    void toolkitsOwnTexts() {
+        QMessageBox box(QMessageBox::Question, {}, {}, QMessageBox::Cancel);
+        QCOMPARE(box.button(QMessageBox::Cancel)->text().remove(u'&'), u"Abbrechen"_s);
+    }
+
+    void namesOfUndoSteps() {
+        UndoManager& undo = ClipManager::getClipManager()->undoManager();
+        undo.registerUndo(this, [] {});
+        undo.setActionName(ClipTableController::tr("rename Clip"));
+        undo.closeStep();
+        application().actions().validate();
+        QCOMPARE(application().actions().action(u"undo"_s)->text(), u"Rückgängig: Clip umbenennen"_s);
+    }
+
+    // Data stay as they are: a set or a label that is made here can be opened anywhere.
+    void whatIsWrittenIntoSettingsAndClipsStaysAsItIs() {
+        QCOMPARE(Preferences::labels().first(), u"Print"_s);
+        QCOMPARE(MarkerSets::shared()->currentMarkerSet().title(), u"Default Set"_s);
+    }
+
+    void noLabelOrButtonIsCutOff() {
+        QStringList cut;
+        for (QWidget* window :
+             {static_cast<QWidget*>(&mainWindow()), OfflineRecorder::window(), MarkerSets::window()}) {
+            window->ensurePolished();
+            for (QWidget* widget : window->findChildren<QWidget*>()) {
+                const bool holdsText = qobject_cast<QAbstractButton*>(widget) ||
+                                       (widget->metaObject() == &QLabel::staticMetaObject &&
+                                        !static_cast<QLabel*>(widget)->wordWrap());
+                if (holdsText && widget->isVisible() && !cutOff(*widget).isEmpty()) {
+                    cut.append(cutOff(*widget));
+                }
+            }
+        }
+        QVERIFY2(cut.isEmpty(), qPrintable(cut.join(u'\n')));
+    }
+};
+
+int main(int argc, char** argv) {
+    const QTemporaryDir folder;
+    Options options;
+    options.settingsFile = joinPath(folder.path(), u"settings.plist"_s);
+    options.language = u"de"_s;
+    Application application(argc, argv, options);
+    TranslatedWindowsTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "TranslatedWindowsTest.moc"
