@@ -61,6 +61,8 @@ class Application : public QApplication {
     void sendSupportEmail();
     void visitWebsite();
     void troubleShooting();
+    /// Opens the log's file; says so when there is none to be seen.
+    void showLog();
 
     /// The commands that show windows, for panels that have no menu bar.
     QMenu& contextMenu() { return _contextMenu; }

@@ -6,7 +6,11 @@
 #include "clipmanager/ClipManager.h"
 #include "folders/Preferences.h"
 #include "markers/MarkerSets.h"
+#include "platform/Dialogs.h"
+#include "platform/FileBrowser.h"
+#include "platform/FileSystem.h"
 #include "platform/Log.h"
+#include "platform/LogFile.h"
 #include "recording/OfflineRecorder.h"
 
 #include <QAction>
@@ -159,6 +163,20 @@ void Application::visitWebsite() {
 
 void Application::troubleShooting() {
     openAddress(QUrl(homePage + "Support.html"_L1), "Invalid support URL");
+}
+
+void Application::showLog() {
+    const QString path = LogFile::path();
+    const Result<FileAttributes> log = FileSystem::current().attributes(path, Links::follow);
+    if (!log || log->size == 0) {
+        Dialogs::current().alert(
+            clipManagerWindow(),
+            {.title = tr("There is no log"),
+             .text = tr("Nothing has been written into the log yet, or its disk could not take it.\n%1")
+                         .arg(path)});
+    } else if (!QDesktopServices::openUrl(QUrl::fromLocalFile(path))) {
+        FileBrowser::current().reveal(path);
+    }
 }
 
 void Application::validateMenuItem(QAction& action) {

@@ -229,6 +229,7 @@ std::vector<ActionDescription> helpCommands(Application& app) {
          Application::tr("Trouble Shooting ..."),
          {},
          [&app] { app.troubleShooting(); }},
+        {u"showLog"_s, menu, Application::tr("Show Log"), {}, [&app] { app.showLog(); }},
         {u"visitWebsite"_s, menu, Application::tr("Visit Website"), {}, [&app] { app.visitWebsite(); }},
         {u"sendSupportEmail"_s,
          menu,

@@ -101,6 +101,7 @@ void addOptions(CLI::App& parser, Read& read) {
 }  // namespace
 
 OptionsResult parseOptions(int& argc, char** argv) {
+    QCoreApplication::setApplicationVersion(QStringLiteral(MARQUILL_VERSION));
     // Only an application has translations; the one with windows is made when this one is gone.
     std::optional<QCoreApplication> application;
     if (!QCoreApplication::instance()) {

@@ -4,6 +4,8 @@
 #include "clipmanager/ClipManager.h"
 #include "folders/RecordFolderController.h"
 #include "platform/Log.h"
+#include "platform/LogFile.h"
+#include "platform/StateFolder.h"
 #include "platform/UserDefaults.h"
 
 namespace {
@@ -29,11 +31,13 @@ int main(int argc, char** argv) {
     if (options.exitStatus) {
         return *options.exitStatus;
     }
+    marquill::LogFile log;
     marquill::Application application(argc, argv, options.options);
     std::optional<marquill::Demo> demo;
     if (options.options.demo && !(demo = openDemo(options.options))) {
         return EXIT_FAILURE;
     }
+    log.start(marquill::stateFolder(), QGuiApplication::platformName(), marquill::LogFile::Manner::plain);
     application.finishLaunching();
     if (marquill::ClipManager* clipManager = marquill::ClipManager::getClipManager(); demo && clipManager) {
         clipManager->folderList().selectFolder(demo->folder);

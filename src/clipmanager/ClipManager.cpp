@@ -67,7 +67,7 @@ std::unique_ptr<ClipManager> ClipManager::initWithSettings(const Dictionary& set
     std::unique_ptr<ClipManager> manager(new ClipManager);
     if (const Result<void> loaded = manager->loadWindow(); !loaded) {
         qCWarning(logClipManager, "Couldn't instantiate Clip Manager nib");
-        qCWarning(logClipManager) << loaded.error().description();
+        qCWarning(logClipManager).noquote() << loaded.error().description();
         return nullptr;
     }
     manager->setUpFolderList();

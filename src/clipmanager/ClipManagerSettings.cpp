@@ -52,7 +52,7 @@ Dictionary ClipManagerSettings::saved() {
 void ClipManagerSettings::save(const Dictionary& settings) {
     UserDefaults::standard().setValue(defaultsKey, settings);
     if (const Result<void> saved = UserDefaults::standard().save(); !saved) {
-        qCWarning(logClipManager) << saved.error().description();
+        qCWarning(logClipManager).noquote() << saved.error().description();
     }
 }
 

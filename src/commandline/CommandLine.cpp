@@ -10,6 +10,8 @@
 #include "commandline/SetCommand.h"
 #include "commandline/ShowCommand.h"
 #include "platform/Literals.h"
+#include "platform/LogFile.h"
+#include "platform/StateFolder.h"
 #include "platform/UserDefaults.h"
 
 #include <QCoreApplication>
@@ -66,9 +68,12 @@ std::optional<int> CommandLine::run(const QString& settingsFile) {
         }
         QCoreApplication::setApplicationName(u"marquill"_s);
         qInstallMessageHandler(tellLog);
+        LogFile log;
         if (!settingsFile.isEmpty()) {
             UserDefaults::useFile(settingsFile);
         }
+        log.start(stateFolder(), u"command "_s + QString::fromStdString(entry.parser->get_name()),
+                  LogFile::Manner::quiet);
         const ExitStatus status = entry.command->run();
         return static_cast<int>(somethingFailed ? ExitStatus::failed : status);
     }

@@ -60,7 +60,7 @@ ClipViewer* ClipViewer::openClipWithFile(const std::optional<QString>& path) {
     std::unique_ptr<ClipViewer> viewer(new ClipViewer);
     viewer->readFromURL(*path);
     if (const Result<void> loaded = viewer->loadWindow(); !loaded) {
-        qCWarning(logConnect) << loaded.error().description();
+        qCWarning(logConnect).noquote() << loaded.error().description();
         return nullptr;
     }
     viewer->windowControllerDidLoadNib();
@@ -78,7 +78,7 @@ void ClipViewer::readFromURL(const QString& path) {
         _movie = std::move(*movie);
         _naturalSize = naturalBounds(*_movie);
     } else {
-        qCInfo(logConnect) << movie.error().description();
+        qCInfo(logConnect).noquote() << movie.error().description();
         _failure = movie.error().message;
     }
 }

@@ -74,7 +74,7 @@ void MoviePreview::setMovieByPath(const std::optional<QString>& path) {
         if (const Result<Movie> movie = Movie::open(*path)) {
             present(*movie);
         } else {
-            qCInfo(logConnect) << movie.error().description();
+            qCInfo(logConnect).noquote() << movie.error().description();
         }
     }
     if (!_movie) {

@@ -41,7 +41,7 @@ FrameTimes frameTimes(const Movie& movie) {
     const auto owner = std::make_shared<const Movie>(movie);
     const Result<SampleTimes>& samples = owner->sampleTimes();
     if (!samples) {
-        qCWarning(logConnect) << samples.error().description();
+        qCWarning(logConnect).noquote() << samples.error().description();
         return {timeScale, nullptr};
     }
     return {timeScale, std::shared_ptr<const std::vector<qint64>>(owner, &samples->starts())};

@@ -16,7 +16,7 @@ namespace {
 QByteArray promisedExtensions() {
     const Result<QByteArray> list = writePropertyList(arrayOfStrings({u"txt"_s}));
     if (!list) {
-        qCWarning(logFolders) << list.error().description();
+        qCWarning(logFolders).noquote() << list.error().description();
     }
     return list.value_or(QByteArray());
 }

@@ -314,7 +314,7 @@ void RecordFolderController::setItemName(const FolderRecord& folder, const QStri
         Q_EMIT folderMoved(from, to);
         Q_EMIT foldersChanged();
     } else {
-        qCWarning(logFolders) << moved.error().description();
+        qCWarning(logFolders).noquote() << moved.error().description();
         showAlert(tr("Error"), tr("The selected folder could not be renamed."));
     }
     _model.reload();

@@ -131,7 +131,7 @@ class LogFile::Writer {
     int _refused = 0;  // messages
 };
 
-LogFile::LogFile() : _work(std::make_shared<Work>()) {
+LogFile::LogFile() : _begin(Clock::current().now()), _work(std::make_shared<Work>()) {
     Destination& destination = Destination::current();
     const std::scoped_lock lock(destination.mutex);
     destination.work = _work;

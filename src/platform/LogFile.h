@@ -2,6 +2,8 @@
 // line each, and goes where it went before too. Owned by main(); messages may come from any thread.
 #pragma once
 
+#include "platform/Date.h"
+
 #include <QLoggingCategory>
 #include <QString>
 
@@ -47,6 +49,7 @@ class LogFile {
     class Writer;
     static void take(QtMsgType type, const QMessageLogContext& context, const QString& message);
 
+    Date _begin;
     std::shared_ptr<Work> _work;
     std::thread _thread;
 };

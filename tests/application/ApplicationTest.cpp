@@ -9,6 +9,7 @@
 #include "platform/FakeDialogs.h"
 #include "platform/Files.h"
 #include "platform/FloatingPanel.h"
+#include "platform/LogFile.h"
 #include "platform/PropertyListReader.h"
 #include "platform/UserDefaults.h"
 #include "recording/OfflineRecorder.h"
@@ -112,6 +113,7 @@ class ApplicationTest : public QObject {
   private Q_SLOTS:
     void init() {
         _folder = std::make_unique<QTemporaryDir>();
+        _openedAddresses.clear();
         _dialogs = std::make_unique<FakeDialogs>();
         _clock = std::make_unique<FakeClock>();
         UserDefaults::useFile(path(u"settings.plist"_s));
@@ -467,6 +469,28 @@ class ApplicationTest : public QObject {
         QVERIFY(_openedAddresses[0].toEncoded().endsWith("?subject=Feedback%3A"));
         QCOMPARE(_openedAddresses[1].path(), u"/"_s);
         QCOMPARE(_openedAddresses[2].path(), u"/Support.html"_s);
+    }
+
+    void showLogOpensTheLogsFile() {
+        QVERIFY(makeFolders(parentFolder(LogFile::path())));
+        QVERIFY(writeNewFile(LogFile::path(), "a line\n"));
+        QDesktopServices::setUrlHandler(u"file"_s, this, "noteAddress");
+        application().showLog();
+        QDesktopServices::unsetUrlHandler(u"file"_s);
+        QCOMPARE(_openedAddresses, QList<QUrl>{QUrl::fromLocalFile(LogFile::path())});
+        QVERIFY(_dialogs->alerts.isEmpty());
+    }
+
+    void showLogTellsWhenThereIsNone() {
+        application().showLog();
+        QVERIFY(makeFolders(parentFolder(LogFile::path())));
+        QVERIFY(writeNewFile(LogFile::path(), ""));
+        application().showLog();
+        QCOMPARE(_dialogs->alerts.size(), 2);
+        for (const Alert& alert : _dialogs->alerts) {
+            QCOMPARE(alert.title, u"There is no log"_s);
+            QVERIFY(alert.text.endsWith(LogFile::path()));
+        }
     }
 };
 
