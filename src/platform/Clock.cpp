@@ -2,18 +2,34 @@
 
 #include <algorithm>
 #include <atomic>
+#ifdef Q_OS_WINDOWS
+#include <windows.h>
+#else
 #include <ctime>
+#endif
 
 namespace marquill {
 
 namespace {
 
+// A clock that goes on while the machine sleeps, so that no value comes again.
+#ifdef Q_OS_WINDOWS
 quint64 microsecondsSinceStart() {
-    // Unlike CLOCK_MONOTONIC it goes on while the machine sleeps, so that no value comes again.
+    return GetTickCount64() * 1'000;
+}
+#else
+#ifdef Q_OS_MACOS
+constexpr clockid_t bootClock = CLOCK_MONOTONIC;
+#else
+constexpr clockid_t bootClock = CLOCK_BOOTTIME;
+#endif
+
+quint64 microsecondsSinceStart() {
     timespec time = {};
-    clock_gettime(CLOCK_BOOTTIME, &time);
+    clock_gettime(bootClock, &time);
     return static_cast<quint64>(time.tv_sec) * 1'000'000 + static_cast<quint64>(time.tv_nsec) / 1'000;
 }
+#endif
 
 class SystemClock final : public Clock {
   public:

@@ -5,15 +5,24 @@
 #include <QInputEvent>
 
 #include <chrono>
+#ifdef Q_OS_WINDOWS
+#include <windows.h>
+#endif
 
 namespace marquill {
 
 namespace {
 
-// Window systems stamp events with the milliseconds of the monotonic clock, cut to 32 bits.
-quint32 monotonicMilliseconds() {
+// Window systems stamp events with the milliseconds of a clock of their own, cut to 32 bits: Linux with that
+// of the monotonic clock, macOS with that of the time since the machine was started, without its sleep, which
+// is what the steady clock is there; Windows with its tick count.
+quint32 windowSystemMilliseconds() {
+#ifdef Q_OS_WINDOWS
+    return GetTickCount();
+#else
     const auto sinceStart = std::chrono::steady_clock::now().time_since_epoch();
     return static_cast<quint32>(std::chrono::duration_cast<std::chrono::milliseconds>(sinceStart).count());
+#endif
 }
 
 // Longer than any event waits; shorter than two machines' clocks are likely to lie apart.
@@ -23,7 +32,7 @@ constexpr quint32 longestWait = 30'000;
 
 Date arrivalDate(const QInputEvent& event) {
     const Date now = Clock::current().now();
-    const quint32 age = monotonicMilliseconds() - static_cast<quint32>(event.timestamp());
+    const quint32 age = windowSystemMilliseconds() - static_cast<quint32>(event.timestamp());
     const bool known = event.timestamp() != 0 && age <= longestWait;
     return known ? dateByAdding(now, -double(age) / 1000) : now;
 }

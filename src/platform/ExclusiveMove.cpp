@@ -29,10 +29,6 @@ int renameFolderIfFree(const char* from, const char* to) {
 
 }  // namespace
 
-int renameIfFree(const char* from, const char* to) {
-    return outcome(renameat2(AT_FDCWD, from, AT_FDCWD, to, RENAME_NOREPLACE));
-}
-
 int linkThenUnlink(const char* from, const char* to) {
     if (linkat(AT_FDCWD, from, AT_FDCWD, to, 0) != 0) {
         return errno;

@@ -7,7 +7,7 @@ namespace marquill {
 // Each takes native names and returns 0 or an errno value: EEXIST when something has the new name, and
 // EINVAL, ENOSYS, EPERM or EOPNOTSUPP where the file system does not know the means.
 
-/// In one step. Most local file systems can.
+/// In one step. Most local file systems can; the system's own call, in PosixCalls' sources.
 int renameIfFree(const char* from, const char* to);
 
 /// A second name, then the first one removed; a process killed between leaves both names of the one file. For

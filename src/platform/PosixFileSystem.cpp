@@ -1,8 +1,9 @@
-// The operating system's files, by POSIX calls and Linux's statx and renameat2.
+// The operating system's files, by POSIX calls; what Linux and macOS do in different ways is in PosixCalls.
 #include "platform/ExclusiveMove.h"
 #include "platform/FileSystem.h"
 #include "platform/Log.h"
 #include "platform/NativeName.h"
+#include "platform/PosixCalls.h"
 #include "platform/SystemError.h"
 
 #include <QCoreApplication>
@@ -10,7 +11,6 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <array>
@@ -37,11 +37,17 @@ std::unexpected<Error> systemFailure(int number, const QString& path) {
     return std::unexpected(systemError(number, path));
 }
 
-Result<void> outcome(int result, const QString& path) {
-    if (result != 0) {
-        return systemFailure(errno, path);
+/// Of a call that returns 0 or an errno value.
+Result<void> outcomeOf(int number, const QString& path) {
+    if (number != 0) {
+        return systemFailure(number, path);
     }
     return {};
+}
+
+/// Of a call that returns 0 or leaves errno.
+Result<void> outcome(int result, const QString& path) {
+    return outcomeOf(result == 0 ? 0 : errno, path);
 }
 
 Result<QByteArray> encoded(const QString& path) {
@@ -51,42 +57,17 @@ Result<QByteArray> encoded(const QString& path) {
     return systemFailure(ENOENT, path);
 }
 
-Date dateOf(const statx_timestamp& time) {
-    return Date(std::chrono::duration<double>(static_cast<double>(time.tv_sec) + time.tv_nsec * 1e-9));
-}
-
-FileType typeOf(mode_t mode) {
-    if (S_ISREG(mode)) {
-        return FileType::regular;
+Result<FileAttributes> attributesBy(int number, const FileAttributes& attributes, const QString& path) {
+    if (number != 0) {
+        return systemFailure(number, path);
     }
-    if (S_ISDIR(mode)) {
-        return FileType::folder;
-    }
-    return S_ISLNK(mode) ? FileType::symbolicLink : FileType::other;
-}
-
-FileAttributes attributesOf(const struct statx& status) {
-    FileAttributes attributes;
-    attributes.type = typeOf(status.stx_mode);
-    attributes.size = static_cast<qint64>(status.stx_size);
-    attributes.modificationDate = dateOf(status.stx_mtime);
-    if (status.stx_mask & STATX_BTIME) {
-        attributes.birthDate = dateOf(status.stx_btime);
-    }
-    attributes.device = (quint64{status.stx_dev_major} << 32) | status.stx_dev_minor;
-    attributes.inode = status.stx_ino;
-    attributes.permissions = status.stx_mode & 07777;
     return attributes;
 }
 
-Result<FileAttributes> readAttributes(int folder, const char* name, int flags, const QString& path) {
-    struct statx status = {};
-    const int result =
-        retrying([&] { return statx(folder, name, flags, STATX_BASIC_STATS | STATX_BTIME, &status); });
-    if (result != 0) {
-        return systemFailure(errno, path);
-    }
-    return attributesOf(status);
+Result<FileAttributes> attributesOf(int descriptor, const QString& path) {
+    FileAttributes attributes;
+    const int number = readAttributes(descriptor, attributes);
+    return attributesBy(number, attributes, path);
 }
 
 class PosixFile final : public OpenFile {
@@ -95,9 +76,7 @@ class PosixFile final : public OpenFile {
         : _descriptor(descriptor), _atOpening(atOpening), _path(std::move(path)) {}
     ~PosixFile() override { close(_descriptor); }
 
-    Result<FileAttributes> attributes() override {
-        return readAttributes(_descriptor, "", AT_EMPTY_PATH, _path);
-    }
+    Result<FileAttributes> attributes() override { return attributesOf(_descriptor, _path); }
 
     Result<FileAttributes> attributesAtOpening() override { return _atOpening; }
 
@@ -135,7 +114,11 @@ class PosixFile final : public OpenFile {
     }
 
     Result<void> sync() override {
-        return outcome(retrying([&] { return fdatasync(_descriptor); }), _path);
+        int number = 0;
+        do {
+            number = syncToDevice(_descriptor);
+        } while (number == EINTR);
+        return outcomeOf(number, _path);
     }
 
     Result<void> setPermissions(quint32 permissions) override {
@@ -164,7 +147,7 @@ int openFlags(OpenMode mode) {
 
 /// What an open file is; notAFile when it is no regular one.
 Result<FileAttributes> regularFile(int descriptor, const QString& path) {
-    Result<FileAttributes> attributes = readAttributes(descriptor, "", AT_EMPTY_PATH, path);
+    Result<FileAttributes> attributes = attributesOf(descriptor, path);
     if (attributes && attributes->type != FileType::regular) {
         return systemFailure(attributes->type == FileType::folder ? EISDIR : ENXIO, path);
     }
@@ -194,7 +177,7 @@ FileType typeOf(const dirent& entry, DIR* folder) {
     }
     struct stat status = {};
     return fstatat(dirfd(folder), static_cast<const char*>(entry.d_name), &status, AT_SYMLINK_NOFOLLOW) == 0
-               ? typeOf(status.st_mode)
+               ? fileTypeOf(status.st_mode)
                : FileType::other;
 }
 
@@ -294,7 +277,9 @@ Result<FileAttributes> PosixFileSystem::attributes(const QString& path, Links li
     if (!name) {
         return std::unexpected(name.error());
     }
-    return readAttributes(AT_FDCWD, name->constData(), links == Links::keep ? AT_SYMLINK_NOFOLLOW : 0, path);
+    FileAttributes found;
+    const int number = readAttributes(name->constData(), links, found);
+    return attributesBy(number, found, path);
 }
 
 Result<QString> PosixFileSystem::linkTarget(const QString& link) {
@@ -385,13 +370,24 @@ Result<void> PosixFileSystem::syncFolder(const QString& path) {
 
 Result<void> PosixFileSystem::setExtendedAttribute(const QString& path, const QByteArray& name,
                                                    QByteArrayView value) {
-    return withName(path, [&](const char* nativePath) {
-        return setxattr(nativePath, name.constData(), value.data(), static_cast<std::size_t>(value.size()),
-                        0);
-    });
+    const Result<QByteArray> nativePath = encoded(path);
+    if (!nativePath) {
+        return std::unexpected(nativePath.error());
+    }
+    return outcomeOf(setExtendedAttributeOf(nativePath->constData(), name.constData(), value), path);
 }
 
 }  // namespace
+
+FileType fileTypeOf(quint32 mode) {
+    if (S_ISREG(mode)) {
+        return FileType::regular;
+    }
+    if (S_ISDIR(mode)) {
+        return FileType::folder;
+    }
+    return S_ISLNK(mode) ? FileType::symbolicLink : FileType::other;
+}
 
 FileSystem& FileSystem::system() {
     static PosixFileSystem fileSystem;

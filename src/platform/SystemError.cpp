@@ -38,9 +38,11 @@ constexpr std::array wordings{
             QT_TRANSLATE_NOOP("SystemError", "The volume is read-only. Unlock it or choose another folder.")},
     Wording{ENOSPC, ErrorCode::noSpace,
             QT_TRANSLATE_NOOP("SystemError", "The volume is full. Free some space and try again.")},
+#ifdef EDQUOT
     Wording{EDQUOT, ErrorCode::noSpace,
             QT_TRANSLATE_NOOP("SystemError",
                               "Your share of the volume is used up. Free some space and try again.")},
+#endif
     Wording{
         EEXIST, ErrorCode::alreadyExists,
         QT_TRANSLATE_NOOP("SystemError", "Something of that name is there already. Choose another name.")},
@@ -77,8 +79,10 @@ constexpr std::array wordings{
     Wording{
         EIO, ErrorCode::inputOutput,
         QT_TRANSLATE_NOOP("SystemError", "The device failed. Check its connection, and copy what you can.")},
+#ifdef ESTALE
     Wording{ESTALE, ErrorCode::inputOutput,
             QT_TRANSLATE_NOOP("SystemError", "The server lost the file. Connect to it again.")},
+#endif
 };
 
 }  // namespace
