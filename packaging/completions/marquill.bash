@@ -48,7 +48,10 @@ _marquill() {
             ;;
     esac
     mapfile -t COMPREPLY < <(compgen -W "$words" -- "$current")
-    if [[ ${#COMPREPLY[@]} -eq 1 && ${COMPREPLY[0]} == *= ]]; then
+    # What begins like no command may be a folder or a movie to be opened.
+    if [[ -z $command && ${#COMPREPLY[@]} -eq 0 ]]; then
+        compopt -o default
+    elif [[ ${#COMPREPLY[@]} -eq 1 && ${COMPREPLY[0]} == *= ]]; then
         compopt -o nospace
     fi
 }

@@ -11,6 +11,8 @@ complete -c marquill -n $none -l demo -d 'Open a small sample shoot'
 complete -c marquill -n $none -l exit-after-first-paint -d 'Quit when the main window has been painted'
 complete -c marquill -n $none -l version -d 'Print the version'
 
+# A folder or a movie to be opened may stand where a command may.
+complete -c marquill -n $none -F
 complete -c marquill -n $none -f -a list -d 'List the clips of a record folder'
 complete -c marquill -n $none -f -a show -d 'Show the record of a clip'
 complete -c marquill -n $none -f -a probe -d 'Tell what the header of a movie file says'

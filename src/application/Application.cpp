@@ -5,6 +5,7 @@
 #include "application/FocusedText.h"
 #include "application/GlobalKeys.h"
 #include "application/KeyboardShortcuts.h"
+#include "application/OpenedFiles.h"
 #include "application/TakeRescue.h"
 #include "clipmanager/ClipManager.h"
 #include "clipstore/Notifications.h"
@@ -14,11 +15,13 @@
 #include "platform/EventTime.h"
 #include "platform/Images.h"
 #include "platform/Log.h"
+#include "platform/SingleInstance.h"
 #include "platform/Translations.h"
 #include "platform/UserDefaults.h"
 #include "platform/WindowDescription.h"
 #include "recording/OfflineRecorder.h"
 
+#include <QFileOpenEvent>
 #include <QKeyEvent>
 #include <QMainWindow>
 #include <QWindow>
@@ -85,6 +88,38 @@ void Application::finishLaunching() {
     if (ClipManager* clipManager = ClipManager::getClipManager()) {
         makeKeyAndOrderFront(*clipManager->window());
     }
+    _openedFiles = std::make_unique<OpenedFiles>();
+    open(std::exchange(_options.paths, {}));
+}
+
+// What comes while the program is being launched waits until it is.
+void Application::open(const QStringList& paths) {
+    if (_openedFiles) {
+        _openedFiles->open(paths);
+    } else {
+        _options.paths += paths;
+    }
+}
+
+void Application::startedAgain(const ProgramStart& start) {
+    if (!start.activationToken.isEmpty()) {
+        // Where Qt looks for what entitles a window to come to the front.
+        qputenv("XDG_ACTIVATION_TOKEN", start.activationToken.toUtf8());
+    }
+    const ClipManager* clipManager = ClipManager::getClipManager();
+    QWidget* const modal = activeModalWidget();
+    if (QWidget* const window = modal ? modal : clipManager ? clipManager->window() : nullptr) {
+        makeKeyAndOrderFront(*window);
+    }
+    open(start.paths);
+}
+
+bool Application::event(QEvent* event) {
+    if (event->type() == QEvent::FileOpen) {
+        open({static_cast<QFileOpenEvent*>(event)->file()});
+        return true;
+    }
+    return QApplication::event(event);
 }
 
 void Application::registerMainWindow() {
@@ -173,6 +208,10 @@ bool Application::notify(QObject* receiver, QEvent* event) {
             return true;
         }
     }
+    if (_openedFiles && event->type() == QEvent::WindowUnblocked) {
+        // Later: the modal window counts as one until the windows behind it have been told.
+        QMetaObject::invokeMethod(_openedFiles.get(), &OpenedFiles::resume, Qt::QueuedConnection);
+    }
     return QApplication::notify(receiver, event);
 }
 
@@ -237,6 +276,7 @@ Application::TerminateReply Application::shouldTerminate() {
 }
 
 void Application::cleanUp() {
+    _openedFiles.reset();
     _takeRescue.reset();
     ClipManager::finish();
     MarkerSets::finish();

@@ -17,7 +17,9 @@ class QKeyEvent;
 namespace marquill {
 
 class KeyboardShortcuts;
+class OpenedFiles;
 class TakeRescue;
+struct ProgramStart;
 
 class Application : public QApplication {
     Q_OBJECT
@@ -31,6 +33,9 @@ class Application : public QApplication {
 
     /// Every event of the program passes here: the global keys are taken before any window sees them.
     bool notify(QObject* receiver, QEvent* event) override;
+
+    /// The program was started again: comes to the front and opens what that start was given.
+    void startedAgain(const ProgramStart& start);
 
     /// Offers a panel's event to the application: true when it was handled. Keys go to the recorder while its
     /// panel has the keyboard.
@@ -70,6 +75,10 @@ class Application : public QApplication {
     /// What recovers takes; null before launch and after quitting.
     TakeRescue* takeRescue() const { return _takeRescue.get(); }
 
+  protected:
+    /// The desktop's way of asking for a file to be opened, where it does not start the program for it.
+    bool event(QEvent* event) override;
+
   private:
     bool takesGlobalKey(const QKeyEvent& event) const;
     bool isUndoOfNoTyping(const QKeyEvent& event) const;
@@ -80,6 +89,7 @@ class Application : public QApplication {
     void connectValidation();
     void connectPanels();
     void rescueTakes();
+    void open(const QStringList& paths);
     void cleanUp();
     bool eventFilter(QObject* watched, QEvent* event) override;
     void clipManagerStateChanged();
@@ -88,6 +98,7 @@ class Application : public QApplication {
     std::unique_ptr<ActionTable> _actions;
     std::unique_ptr<KeyboardShortcuts> _keyboardShortcuts;
     std::unique_ptr<TakeRescue> _takeRescue;
+    std::unique_ptr<OpenedFiles> _openedFiles;
     QMenu _contextMenu;
     Options _options;
     bool _launched = false;

@@ -1,15 +1,19 @@
 #include "application/Options.h"
 
+#include "commandline/Command.h"
 #include "commandline/CommandLine.h"
+#include "platform/Files.h"
 #include "platform/Translations.h"
 
 #include <QCoreApplication>
+#include <QDir>
 
 #include <CLI/CLI.hpp>
 
 #include <map>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace marquill {
 
@@ -65,10 +69,33 @@ void translateHelp(CLI::App& parser) {
                             text(OptionTexts::tr("Display program version information and exit")));
 }
 
+// What begins like a command and is none is no file by mere chance: it is told at once, without a window.
+std::string checkPath(const std::string& argument) {
+    return fileExists(pathOfArgument(argument))
+               ? std::string()
+               : text(OptionTexts::tr("%1: no such file or folder, nor a command")
+                          .arg(QString::fromStdString(argument)));
+}
+
+QStringList fullPaths(const std::vector<std::string>& arguments) {
+    QStringList paths;
+    for (const std::string& argument : arguments) {
+        paths.append(QDir::cleanPath(pathOfArgument(argument)));
+    }
+    return paths;
+}
+
+void refusePathsOfCommand(const CLI::App& parser, const std::vector<std::string>& paths) {
+    if (!parser.get_subcommands().empty() && !paths.empty()) {
+        throw CLI::ExtrasError(paths);
+    }
+}
+
 struct Read {
     Options options;
     std::string settingsFile;
     std::string language;
+    std::vector<std::string> paths;
 };
 
 void addOptions(CLI::App& parser, Read& read) {
@@ -96,6 +123,9 @@ void addOptions(CLI::App& parser, Read& read) {
     parser.add_flag("--exit-after-first-paint", read.options.exitAfterFirstPaint,
                     text(OptionTexts::tr(
                         "Quit when the main window has been painted, to measure how long a start takes")));
+    parser.add_option("PATH", read.paths, text(OptionTexts::tr("Folders, movies and clips to open")))
+        ->check(checkPath)
+        ->type_name("");
 }
 
 }  // namespace
@@ -115,11 +145,13 @@ OptionsResult parseOptions(int& argc, char** argv) {
     CommandLine commands(parser);
     try {
         parser.parse(argc, argv);
+        refusePathsOfCommand(parser, read.paths);
     } catch (const CLI::ParseError& error) {
         return {{}, parser.exit(error) == 0 ? 0 : wrongUse};
     }
     read.options.settingsFile = QString::fromStdString(read.settingsFile);
     read.options.language = QString::fromStdString(read.language);
+    read.options.paths = fullPaths(read.paths);
     if (const std::optional<int> status = commands.run(read.options.settingsFile)) {
         return {{}, status};
     }

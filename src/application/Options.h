@@ -3,7 +3,7 @@
 
 #include "platform/Theme.h"
 
-#include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -12,6 +12,7 @@ namespace marquill {
 struct Options {
     QString settingsFile;                     ///< --settings FILE; empty: the user's own
     QString language = {};                    ///< --language CODE; empty: the desktop's
+    QStringList paths = {};                   ///< PATH…, as full paths that exist: what is to be opened
     std::optional<Theme::Choice> theme = {};  ///< --theme NAME; nothing: the one in the preferences
     bool demo = false;                        ///< --demo: opens a small shoot of its own
     bool exitAfterFirstPaint = false;         ///< for measuring how long a start takes

@@ -202,6 +202,7 @@ void ClipManager::showFolderContent(const std::optional<QString>& path) {
 void ClipManager::folderRead() {
     _clips->sortClips();
     showReading(false);
+    Q_EMIT folderHasBeenRead();
 }
 
 void ClipManager::showReading(bool isReading) {

@@ -95,6 +95,8 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
 
     /// Makes placeholders in the shown folder for movies that the user chooses.
     void importQTclips();
+    /// Makes placeholders in the shown folder for these movies, and tells when one could not be made.
+    void importAndTell(const QStringList& movies);
     /// Shows which movies of the shown folder are in no list, and why.
     void showLeftOutMovies();
     /// The exports of the shown folder.
@@ -162,6 +164,10 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
     void markerSelected(const Dictionary& marker);
     /// Takes the list's markers into the clip.
     void clipMarkerChanged();
+
+  Q_SIGNALS:
+    /// All clips of the shown folder are in the list.
+    void folderHasBeenRead();
 
   protected:
     /// The window's: edits are written when it is left, and its frame is saved once it has come to rest.

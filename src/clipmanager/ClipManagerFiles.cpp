@@ -42,9 +42,12 @@ void ClipManager::importQTclips() {
     const QStringList movies = Dialogs::current().chooseFiles(
         _window.get(),
         {.title = tr("Import Movies"), .startFolder = *folder, .suffixes = {u"mov"_s, u"MOV"_s}});
-    if (movies.isEmpty()) {
-        return;
+    if (!movies.isEmpty()) {
+        importAndTell(movies);
     }
+}
+
+void ClipManager::importAndTell(const QStringList& movies) {
     const ImportedMovies imported = importMovies(movies);
     if (!imported.errors.empty()) {
         Dialogs::current().alert(_window.get(), {.title = tr("Could not load one or more Clips"),

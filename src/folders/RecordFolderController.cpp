@@ -217,6 +217,18 @@ void RecordFolderController::selectRows(const QList<int>& rows) {
     _table.selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
 }
 
+void RecordFolderController::addFolder(const QString& path) {
+    if (_model.rowOfPath(path) >= 0) {
+        return;
+    }
+    const FolderRecord folder = FolderRecord::forPath(path);
+    _model.append(folder);
+    if (!recordingFolder()) {
+        setRecordingFolder(folder);
+    }
+    Q_EMIT foldersChanged();
+}
+
 void RecordFolderController::addItem() {
     const std::vector<FolderRecord> selected = selectedFolderArray();
     const QString start = selected.empty() ? QString() : selected.front().folderPath().value_or(QString());

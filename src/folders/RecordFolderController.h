@@ -43,6 +43,9 @@ class RecordFolderController : public QObject {
     /// Selects just the rows whose `folderPath` is one of `paths`.
     void selectFolders(const QStringList& paths);
 
+    /// Appends the folder at `path` unless it is in the list. It becomes the recording folder only where
+    /// there is none: takes go on where they went.
+    void addFolder(const QString& path);
     /// Lets the user choose folders and appends them; the last one added becomes the recording folder.
     void addItem();
     /// Takes the selected folders off the list, except busy ones; nothing on disk is touched.

@@ -10,7 +10,7 @@ namespace marquill {
 
 namespace {
 
-QString usersStateFolder() {
+QString folderOfAllPrograms() {
 #if defined(Q_OS_WIN) || defined(Q_OS_MACOS)
     return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
 #else
@@ -21,10 +21,14 @@ QString usersStateFolder() {
 
 }  // namespace
 
+QString usersStateFolder() {
+    return joinPath(folderOfAllPrograms(), u"marquill"_s);
+}
+
 QString stateFolder() {
     const QString settings = UserDefaults::standard().path();
     return settings == UserDefaults::standardPath()
-               ? joinPath(usersStateFolder(), u"marquill"_s)
+               ? usersStateFolder()
                : QDir::current().absoluteFilePath(settings + u".state"_s);
 }
 

@@ -12,4 +12,7 @@ namespace marquill {
 /// that file, so that a trial run never meddles with the user's takes.
 QString stateFolder();
 
+/// The same for the user's own settings, whichever are in use.
+QString usersStateFolder();
+
 }  // namespace marquill

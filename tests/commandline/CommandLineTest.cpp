@@ -154,6 +154,9 @@ class CommandLineTest : public QObject {
         QCOMPARE(run({u"probe"_s}).status, 2);
         QCOMPARE(run({u"list"_s, _folder.path(), u"--no-such-option"_s}).status, 2);
         QCOMPARE(run({u"no-such-command"_s}).status, 2);
+        QVERIFY(run({path(u"gone"_s)}).errors.contains("no such file or folder, nor a command"));
+        QCOMPARE(run({u"list"_s, _folder.path(), _folder.path()}).status, 2);
+        QCOMPARE(run({_folder.path(), u"list"_s, _folder.path()}).status, 2);
     }
 
     void aFolderMayBeNamedAsACommandIs() {
