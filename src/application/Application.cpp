@@ -61,7 +61,7 @@ Application::Application(int& argc, char** argv, const Options& options)
     setApplicationName(u"marquill"_s);
     setApplicationDisplayName(u"Marquill"_s);
     setApplicationVersion(QStringLiteral(MARQUILL_VERSION));
-    setDesktopFileName(u"marquill"_s);
+    setDesktopFileName(u"example.marquill.Marquill"_s);
     setWindowIcon(applicationIcon());
     setQuitOnLastWindowClosed(false);
     if (!_options.settingsFile.isEmpty()) {
