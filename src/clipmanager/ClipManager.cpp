@@ -103,7 +103,7 @@ void ClipManager::setUpClipTable() {
     connect(&_reader, &ClipFolderReader::clipsRead, this,
             [this](const std::vector<ClipInfo>& clips, const std::vector<ClipFileFacts>& facts, int done,
                    int total) {
-                _clips->addClipsRead(clips, facts);
+                _clips->addClipsRead(clips, facts, ClipArrival::read);
                 _progressInd->setRange(0, total);
                 _progressInd->setValue(done);
             });

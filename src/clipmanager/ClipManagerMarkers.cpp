@@ -2,6 +2,7 @@
 #include "clipmanager/ClipManager.h"
 #include "clipmanager/CurrentClip.h"
 #include "clipstore/Notifications.h"
+#include "connect/ClipTableController.h"
 #include "connect/MoviePreview.h"
 #include "markers/ClipMarkerController.h"
 #include "markers/MarkerSets.h"
@@ -75,6 +76,7 @@ void ClipManager::markerSelected(const Dictionary& marker) {
 void ClipManager::clipMarkerChanged() {
     if (currentClip()) {
         storeMarkers();
+        _clips->model().attributesChanged(*currentClip());
     }
 }
 

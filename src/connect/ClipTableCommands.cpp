@@ -111,7 +111,7 @@ void ClipTableController::openInDefaultPlayer(const QString& path) {
 
 void ClipTableController::renameSelected() {
     if (const std::optional<ClipInfo> clip = onlySelected()) {
-        const QModelIndex cell = _model.index(_model.rowOfClip(*clip), ClipTableModel::clip);
+        const QModelIndex cell = _rows.index(_rows.rowOf(_model.rowOfClip(*clip)), ClipTableModel::clip);
         _table.setCurrentIndex(cell);
         _table.edit(cell);
     }
@@ -125,7 +125,8 @@ void ClipTableController::doubleClicked(const QModelIndex& index) {
         }
         return;
     }
-    const QString path = mediaPathOfClip(_model.clipAt(index.row()), clipFolder().value_or(QString()));
+    const QString path =
+        mediaPathOfClip(_model.clipAt(_rows.modelRow(index.row())), clipFolder().value_or(QString()));
     if (path.isEmpty()) {
         showAlert(tr("Clip not connected"), tr("Please connect to clip and try again."));
     } else {

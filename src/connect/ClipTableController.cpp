@@ -41,6 +41,7 @@ ClipTableController::ClipTableController(TableView& table, QLabel& countText, Un
             &ClipTableController::labelsChanged);
     connect(&_fileTimer, &QTimer::timeout, this, &ClipTableController::askShownFiles);
     _fileTimer.start(fileInterval);
+    setUpSearch();
 }
 
 ClipTableController::~ClipTableController() {
@@ -50,7 +51,7 @@ ClipTableController::~ClipTableController() {
 }
 
 void ClipTableController::wireTable() {
-    _table.setModel(&_model);
+    _table.setModel(&_rows);
     _table.setItemDelegate(new TextCell(&_table));
     _table.setItemDelegateForColumn(ClipTableModel::icon, new StatusCell(&_table));
     _table.setItemDelegateForColumn(ClipTableModel::rating, new RatingCell(&_table));
@@ -84,9 +85,9 @@ void ClipTableController::setClipArray(std::vector<ClipInfo> clips, const std::o
 }
 
 void ClipTableController::addClipsRead(const std::vector<ClipInfo>& clips,
-                                       const std::vector<ClipFileFacts>& facts) {
+                                       const std::vector<ClipFileFacts>& facts, ClipArrival arrival) {
     if (_arrivedNames.isEmpty() && !_writer.hasUnwritten()) {
-        _model.append(clips, facts);
+        _model.append(clips, facts, arrival);
     } else {
         std::vector<ClipInfo> newClips;
         for (const ClipInfo& clip : clips) {
@@ -95,7 +96,7 @@ void ClipTableController::addClipsRead(const std::vector<ClipInfo>& clips,
                 newClips.push_back(_writer.unwritten(clipFolder().value_or(QString()), name).value_or(clip));
             }
         }
-        _model.append(newClips);
+        _model.append(newClips, {}, arrival);
     }
     updateClipCount();
 }
@@ -160,13 +161,18 @@ std::vector<int> ClipTableController::selectedRows() const {
     std::vector<int> rows;
     for (const QItemSelectionRange& range : _table.selectionModel()->selection()) {
         for (int row = range.top(); row <= range.bottom(); ++row) {
-            rows.push_back(row);
+            rows.push_back(_rows.modelRow(row));
         }
     }
     std::ranges::sort(rows);
     const auto repeated = std::ranges::unique(rows);
     rows.erase(repeated.begin(), repeated.end());
     return rows;
+}
+
+bool ClipTableController::isSelected(int row) const {
+    const int shown = _rows.rowOf(row);
+    return shown >= 0 && _table.selectionModel()->isRowSelected(shown);
 }
 
 std::vector<ClipInfo> ClipTableController::selectedClipArray() const {
@@ -177,22 +183,27 @@ std::vector<ClipInfo> ClipTableController::selectedClipArray() const {
     return clips;
 }
 
-// `rows` ascend.
+// `rows` ascend; those that a search hides stay unselected.
 void ClipTableController::selectRows(const std::vector<int>& rows) {
+    std::vector<int> shown;
+    for (const int row : rows) {
+        if (!_model.isHidden(row)) {
+            shown.push_back(_rows.rowOf(row));
+        }
+    }
     QItemSelection selection;
-    for (auto first = rows.begin(); first != rows.end();) {
+    for (auto first = shown.begin(); first != shown.end();) {
         auto last = first;
-        while (std::next(last) != rows.end() && *std::next(last) == *last + 1) {
+        while (std::next(last) != shown.end() && *std::next(last) == *last + 1) {
             ++last;
         }
-        selection.select(_model.index(*first, 0),
-                         _model.index(*last, ClipTableModel::columnCountOfTable - 1));
+        selection.select(_rows.index(*first, 0), _rows.index(*last, ClipTableModel::columnCountOfTable - 1));
         first = std::next(last);
     }
     QItemSelectionModel& selectionModel = *_table.selectionModel();
-    if (!rows.empty() && !std::ranges::binary_search(rows, _table.currentIndex().row())) {
+    if (!shown.empty() && !std::ranges::binary_search(shown, _table.currentIndex().row())) {
         const int column = std::max(_table.currentIndex().column(), int(ClipTableModel::clip));
-        selectionModel.setCurrentIndex(_model.index(rows.front(), column), QItemSelectionModel::NoUpdate);
+        selectionModel.setCurrentIndex(_rows.index(shown.front(), column), QItemSelectionModel::NoUpdate);
     }
     selectionModel.select(selection, QItemSelectionModel::ClearAndSelect);
 }
@@ -201,6 +212,7 @@ void ClipTableController::selectClips(const std::vector<ClipInfo>& clips) {
     std::vector<int> rows;
     for (const ClipInfo& clip : clips) {
         if (const int row = _model.rowOfClip(clip); row >= 0) {
+            _model.showRow(row);
             rows.push_back(row);
         }
     }
@@ -222,26 +234,26 @@ void ClipTableController::selectOnly(int row) {
 
 void ClipTableController::selectNextClip() {
     const std::vector<int> selected = selectedRows();
-    const int next = selected.empty() ? 0 : selected.back() + 1;
-    const int count = _model.rowCount();
+    const int next = selected.empty() ? 0 : _rows.rowOf(selected.back()) + 1;
+    const int count = _rows.rowCount();
     if (count > 0) {
-        selectOnly(next < count ? next : 0);
+        selectOnly(_rows.modelRow(next < count ? next : 0));
     }
 }
 
 void ClipTableController::selectPrevClip() {
     const std::vector<int> selected = selectedRows();
-    const int previous = selected.empty() ? _model.rowCount() - 1 : selected.front() - 1;
+    const int previous = selected.empty() ? _rows.rowCount() - 1 : _rows.rowOf(selected.front()) - 1;
     if (previous >= 0) {
-        selectOnly(previous);
+        selectOnly(_rows.modelRow(previous));
     }
 }
 
 void ClipTableController::scrollToClip(const ClipInfo& clip) {
     const int row = _model.rowOfClip(clip);
-    if (row >= 0) {
+    if (row >= 0 && !_model.isHidden(row)) {
         // Along the row the user has scrolled where he wants to be.
-        _table.scrollTo(_model.index(row, std::max(_table.columnAt(0), 0)));
+        _table.scrollTo(_rows.index(_rows.rowOf(row), std::max(_table.columnAt(0), 0)));
     }
 }
 
@@ -253,6 +265,7 @@ void ClipTableController::updateClipCount() {
     const std::size_t total = clipArray().size();
     const QString text = total == 1 ? tr("%1 of %2 Clip Selected") : tr("%1 of %2 Clips Selected");
     _countText.setText(text.arg(selectedRows().size()).arg(total));
+    Q_EMIT countChanged();
 }
 
 void ClipTableController::updateLabelMenu() {
@@ -275,6 +288,7 @@ void ClipTableController::tableViewSelectionDidChange() {
         return;
     }
     updateClipCount();
+    _keptTimer.start();
     Q_EMIT Notifications::centre().clipSelectionHasChanged(this);
 }
 
@@ -285,11 +299,11 @@ void ClipTableController::askShownFiles() {
         return;
     }
     const int below = _table.rowAt(_table.viewport()->height() - 1);
-    const int last = below < 0 ? _model.rowCount() - 1 : below;
+    const int last = below < 0 ? _rows.rowCount() - 1 : below;
     std::vector<std::pair<ClipInfo, ClipFiles>> asked;
     for (int row = first; row <= last; ++row) {
-        asked.emplace_back(_model.clipAt(row),
-                           filesOfClip(_model.clipAt(row), clipFolder().value_or(QString())));
+        const ClipInfo& clip = _model.clipAt(_rows.modelRow(row));
+        asked.emplace_back(clip, filesOfClip(clip, clipFolder().value_or(QString())));
     }
     _fileWork.start([this, asked = std::move(asked)](const BackgroundWork::Post& post) {
         for (const auto& [clip, files] : asked) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "connect/ClipChangeSet.h"
+#include "connect/ClipRows.h"
 #include "connect/ClipTableColumns.h"
 #include "connect/ClipTableModel.h"
 #include "connect/ClipWriter.h"
@@ -41,7 +42,8 @@ class ClipTableController : public QObject {
     void setClipArray(std::vector<ClipInfo> clips, const std::optional<QString>& folder);
     /// Adds clips of the shown folder that were just read from it, with what askFiles() says of them. Those
     /// that came to the table in another way meanwhile are left out.
-    void addClipsRead(const std::vector<ClipInfo>& clips, const std::vector<ClipFileFacts>& facts);
+    void addClipsRead(const std::vector<ClipInfo>& clips, const std::vector<ClipFileFacts>& facts,
+                      ClipArrival arrival = ClipArrival::made);
     const std::vector<ClipInfo>& clipArray() const { return _model.clips(); }
     const std::optional<QString>& clipFolder() const { return _model.folder(); }
     /// A record folder was given another path on disk.
@@ -57,11 +59,27 @@ class ClipTableController : public QObject {
     /// The menu "Labels", one item per label.
     QMenu& labelMenu() { return _labelMenu; }
 
+    // Search. What is hidden stays in the folder's clips, with its place among them; it is not selected.
+
+    /// Shows the clips that the query finds, see ClipFilter; it stays when another folder is shown. What is
+    /// hidden leaves the selection.
+    void setQuery(const QString& query);
+    const QString& query() const { return _query; }
+    /// Whether the query hides what it does not find.
+    bool isSearching() const { return !_model.filter().isEmpty(); }
+    /// Makes ready for the first key of a query, bit by bit.
+    void prepareSearch();
+    /// How many clips are shown: those found, and those shown though they are not.
+    int shownClipCount() const { return _rows.rowCount(); }
+    /// "7 shown", and how many of them the search does not find; "" while nothing is searched for.
+    QString searchSummary() const;
+
     // Selection
 
     /// The selected records in the order of the rows.
     std::vector<ClipInfo> selectedClipArray() const;
-    /// Selects just these, leaving out records that are not in the table, and scrolls to the first.
+    /// Selects just these, leaving out records that are not in the table, and scrolls to the first. What a
+    /// search has hidden is shown until the next one.
     void selectClips(const std::vector<ClipInfo>& clips);
     void selectClip(const ClipInfo& clip) { selectClips({clip}); }
     /// Selects them on a later turn of the event loop.
@@ -125,18 +143,26 @@ class ClipTableController : public QObject {
     /// Takes over what stands in a cell's open editor, and closes it.
     void endEditing();
 
+  Q_SIGNALS:
+    /// How many clips there are, are shown or are selected may be another number now.
+    void countChanged();
+
   private:
     class SelectionChange;
     using ClipSetOperation = void (ClipTableController::*)(const ClipSet&);
     using ChangeSetOperation = void (ClipTableController::*)(const ClipChangeSet&);
 
     void wireTable();
+    void setUpSearch();
     void buildContextMenu();
     void labelsChanged();
     void tableViewSelectionDidChange();
+    // Rows are the model's, whether a search shows them or not.
     std::vector<int> selectedRows() const;
+    bool isSelected(int row) const;
     void selectRows(const std::vector<int>& rows);
     void selectOnly(int row);
+    void hideKeptClips();
     std::optional<ClipInfo> onlySelected() const;
     void withSelectedFile(const QString& advice, const std::function<void(const QString&)>& open);
     void openInDefaultPlayer(const QString& path);
@@ -164,6 +190,7 @@ class ClipTableController : public QObject {
     QLabel& _countText;
     UndoManager& _undoManager;
     ClipTableModel _model;
+    ClipRows _rows{_model};
     ClipWriter _writer;
     std::unique_ptr<ClipTableColumns> _columns;
     std::unique_ptr<ClipConnecting> _connecting;
@@ -171,6 +198,10 @@ class ClipTableController : public QObject {
     QMenu _contextMenu;
     QSet<QString> _arrivedNames;  // clips that came while the folder is being read, and not by reading
     std::vector<std::pair<QString, QString>> _movedFolders;  // from, to; in the order they were moved
+    QString _query;
+    QTimer _keptTimer;     // hides what is not found any more once the selection has left it
+    QTimer _prepareTimer;  // runs while the clips' texts are folded
+    int _preparedRows = 0;
     BackgroundWork _fileWork;
     QTimer _fileTimer;
     int _selectionChanges = 0;       // SelectionChange objects alive

@@ -110,9 +110,8 @@ void ClipTableModel::setClips(std::vector<ClipInfo> clips, std::optional<QString
     _arrivals = 0;
     _rows = std::vector<Row>();
     _rows.reserve(_clips.size());
-    for (std::size_t row = 0; row < _clips.size(); ++row) {
-        _rows.push_back({.facts = {}, .isKnown = false, .arrival = _arrivals++});
-    }
+    addRows({});
+    matchNew(0, ClipArrival::read);
     forgetRows();
     endResetModel();
 }
@@ -122,7 +121,19 @@ void ClipTableModel::setFolder(const QString& folder) {
     reload();
 }
 
-void ClipTableModel::append(const std::vector<ClipInfo>& clips, const std::vector<ClipFileFacts>& facts) {
+// What is known of the clips that are not among the rows yet: of the last of them, `facts` is.
+void ClipTableModel::addRows(const std::vector<ClipFileFacts>& facts) {
+    const std::size_t first = _rows.size();
+    for (std::size_t row = first; row < _clips.size(); ++row) {
+        Row& added = _rows.emplace_back();
+        added.arrival = _arrivals++;
+        added.isKnown = !facts.empty();
+        added.facts = added.isKnown ? facts[row - first] : ClipFileFacts();
+    }
+}
+
+void ClipTableModel::append(const std::vector<ClipInfo>& clips, const std::vector<ClipFileFacts>& facts,
+                            ClipArrival arrival) {
     if (clips.empty()) {
         return;
     }
@@ -135,10 +146,8 @@ void ClipTableModel::append(const std::vector<ClipInfo>& clips, const std::vecto
     const int first = rowCount();
     beginInsertRows({}, first, first + static_cast<int>(clips.size()) - 1);
     _clips.insert(_clips.end(), clips.begin(), clips.end());
-    for (std::size_t i = 0; i < clips.size(); ++i) {
-        _rows.push_back(
-            {.facts = isKnown ? facts[i] : ClipFileFacts(), .isKnown = isKnown, .arrival = _arrivals++});
-    }
+    addRows(isKnown ? facts : std::vector<ClipFileFacts>());
+    matchNew(first, arrival);
     forgetRows();
     endInsertRows();
 }
@@ -152,7 +161,7 @@ void ClipTableModel::removeRowsAt(const std::vector<int>& rows) {
         for (std::size_t row = 0; row < _clips.size(); ++row) {
             if (!std::ranges::binary_search(rows, static_cast<int>(row))) {
                 _clips[kept] = _clips[row];
-                _rows[kept++] = _rows[row];
+                std::swap(_rows[kept++], _rows[row]);
             }
         }
         _clips.resize(kept);
@@ -191,7 +200,7 @@ void ClipTableModel::applyOrder(const std::vector<int>& rows) {
     for (const int row : rows) {
         places[static_cast<std::size_t>(row)] = static_cast<int>(clips.size());
         clips.push_back(clipAt(row));
-        known.push_back(_rows[static_cast<std::size_t>(row)]);
+        known.push_back(std::move(_rows[static_cast<std::size_t>(row)]));
     }
     _clips = std::move(clips);
     _rows = std::move(known);
@@ -210,6 +219,7 @@ void ClipTableModel::clipChanged(const ClipInfo& clip) {
     const int row = rowOfClip(clip);
     if (row >= 0) {
         _rows[static_cast<std::size_t>(row)].isKnown = false;
+        recordChanged(row);
         rowsChanged(row, row);
     }
 }
@@ -217,6 +227,7 @@ void ClipTableModel::clipChanged(const ClipInfo& clip) {
 void ClipTableModel::attributesChanged(const ClipInfo& clip) {
     const int row = rowOfClip(clip);
     if (row >= 0) {
+        recordChanged(row);
         rowsChanged(row, row);
     }
 }
@@ -238,6 +249,7 @@ void ClipTableModel::setFacts(const ClipInfo& clip, const ClipFileFacts& facts) 
     known.facts = facts;
     known.isKnown = true;
     if (changed) {
+        matchAgain(row);
         rowsChanged(row, row);
     }
 }

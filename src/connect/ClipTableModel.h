@@ -4,10 +4,12 @@
 #pragma once
 
 #include "connect/ClipFileFacts.h"
+#include "connect/ClipFilter.h"
 
 #include <QAbstractTableModel>
 #include <QHash>
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -23,6 +25,13 @@ enum class ClipStatus {
     redNotFound,
     p2NotFound,
     notConnected
+};
+
+/// How clips come to the table, which decides whether a search that does not find them may hide them.
+enum class ClipArrival {
+    read,     ///< with their folder: hidden at once
+    changed,  ///< in place of others: hidden once the selection has left them
+    made      ///< as something new: shown until the next search, so that no take goes unseen
 };
 
 class ClipTableModel : public QAbstractTableModel {
@@ -66,7 +75,8 @@ class ClipTableModel : public QAbstractTableModel {
     /// The shown folder was given another path; its clips are the same.
     void setFolder(const QString& folder);
     /// Adds rows at the end. `facts`, if there are any, are what askFiles() has answered for each of them.
-    void append(const std::vector<ClipInfo>& clips, const std::vector<ClipFileFacts>& facts = {});
+    void append(const std::vector<ClipInfo>& clips, const std::vector<ClipFileFacts>& facts = {},
+                ClipArrival arrival = ClipArrival::made);
     /// Removes rows, given in ascending order.
     void removeRowsAt(const std::vector<int>& rows);
     /// Sorts the rows stably by what the column shows, as people count: take 2 before take 10. The column
@@ -85,6 +95,22 @@ class ClipTableModel : public QAbstractTableModel {
     void setLabels(const QStringList& labels);
     const QStringList& labels() const { return _labels; }
 
+    // Search. The rows stay the model's, whether they are hidden or not.
+
+    /// Hides the rows that `filter` does not find, and shows the others.
+    void setFilter(ClipFilter filter);
+    const ClipFilter& filter() const { return _filter; }
+    bool isHidden(int row) const { return _rows[static_cast<std::size_t>(row)].match == Match::hidden; }
+    /// Shows a row until the next search, found or not.
+    void showRow(int row);
+    /// Hides the rows that were found before they were edited and are not any more; `except`, ascending,
+    /// stay.
+    void hideKeptRows(const std::vector<int>& except);
+    /// How many rows are shown though the search does not find them.
+    int countNotFound() const;
+    /// Folds the texts of `count` rows from `first` on, so that a search need not; where to go on.
+    int prepareSearch(int first, int count) const;
+
     ClipStatus status(int row) const;
     /// What is known of the files of a row's clip; asks for it when nothing is.
     const ClipFileFacts& facts(int row) const;
@@ -102,13 +128,24 @@ class ClipTableModel : public QAbstractTableModel {
   Q_SIGNALS:
     /// A value was entered: a text, of "rating" a number that may have a fraction, of "label" a menu index.
     void valueEntered(const QVariant& value, int column, int row);
+    /// Any row may be hidden now, or shown.
+    void filterChanged();
 
   private:
+    /// Why a row is shown, or that it is not.
+    enum class Match : quint8 {
+        found,  ///< by the search, or there is none
+        kept,   ///< it was found, until it was edited
+        shown,  ///< whatever the search finds
+        hidden
+    };
     /// What is known of a row beside its record.
     struct Row {
         ClipFileFacts facts;
         bool isKnown = false;  ///< the facts were asked for
-        quint32 arrival = 0;   ///< in what order the clips came
+        Match match = Match::found;
+        quint32 arrival = 0;                         ///< in what order the clips came
+        std::unique_ptr<ClipSearchText> searchText;  ///< of its record as it is; null until a search asks
     };
 
     static bool isEditable(int column);
@@ -118,8 +155,14 @@ class ClipTableModel : public QAbstractTableModel {
     QString creationDateText(int row) const;
     QString fileSizeText(int row) const;
     QString fileText(const ClipInfo& clip) const;
+    void addRows(const std::vector<ClipFileFacts>& facts);
     std::vector<int> sortedRows(int column, Qt::SortOrder order) const;
     void applyOrder(const std::vector<int>& rows);
+    bool matches(int row) const;
+    const ClipSearchText& searchText(int row) const;
+    void matchNew(int first, ClipArrival arrival);
+    void matchAgain(int row);
+    void recordChanged(int row);
     void rowsChanged(int first, int last);
     void forgetRows();
 
@@ -128,6 +171,7 @@ class ClipTableModel : public QAbstractTableModel {
     mutable QHash<const void*, int> _rowsOfClips;  // by identity; empty until asked for
     std::optional<QString> _folder;
     QStringList _labels;
+    ClipFilter _filter;
     quint32 _arrivals = 0;
 };
 

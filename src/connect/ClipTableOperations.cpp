@@ -241,13 +241,17 @@ void ClipTableController::exchangeClips(const ClipChangeSet& set, const std::vec
     keepLaterMarkers(done, from, to);
     done.markers.clear();
     std::vector<ClipInfo> selected;
+    std::vector<ClipInfo> hidden;
     for (std::size_t i = 0; i < from.size(); ++i) {
         if (isShown(*done.clipFolder) && _model.rowOfClip(from[i]) < 0) {
             qCWarning(logConnect, "%s", notFound);
         }
         const int row = rowFor(from[i]);
-        if (row >= 0 && _table.selectionModel()->isRowSelected(row)) {
+        if (row >= 0 && isSelected(row)) {
             selected.push_back(to[i]);
+        }
+        if (row >= 0 && _model.isHidden(row)) {
+            hidden.push_back(to[i]);
         }
         const std::optional<Array> markers = to[i].clipMarkerArray();
         done.markers.push_back(markers ? std::optional(markers->deepCopy()) : std::nullopt);
@@ -256,7 +260,10 @@ void ClipTableController::exchangeClips(const ClipChangeSet& set, const std::vec
     if (isShown(*done.clipFolder)) {
         const SelectionChange change(*this);
         removeFromTable(from);
-        _model.append(to);
+        _model.append(to, {}, ClipArrival::changed);
+        for (const ClipInfo& clip : hidden) {
+            _model.showRow(_model.rowOfClip(clip));
+        }
         sortClips();
         selectClips(selected);
     }

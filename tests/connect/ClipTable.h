@@ -79,9 +79,10 @@ struct ClipTable {
     }
 
     ClipInfo clip(int row) const { return controller->clipArray()[static_cast<std::size_t>(row)]; }
-    QModelIndex cell(int row, int column) const { return controller->model().index(row, column); }
+    // Of the rows that are shown.
+    QModelIndex cell(int row, int column) const { return table.model()->index(row, column); }
     void enter(int row, int column, const QVariant& value) {
-        controller->model().setData(cell(row, column), value, Qt::EditRole);
+        table.model()->setData(cell(row, column), value, Qt::EditRole);
     }
     QStringList names() const { return namesOf(controller->clipArray()); }
     QStringList selected() const { return namesOf(controller->selectedClipArray()); }

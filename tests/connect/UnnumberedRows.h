@@ -10,7 +10,7 @@ namespace marquill {
 
 class UnnumberedRows : public QIdentityProxyModel {
   public:
-    explicit UnnumberedRows(ClipTableModel& model) { setSourceModel(&model); }
+    explicit UnnumberedRows(QAbstractItemModel& model) { setSourceModel(&model); }
 
     QVariant data(const QModelIndex& index, int role) const override {
         const bool isNumber = index.column() == ClipTableModel::number && role == Qt::DisplayRole;
