@@ -1,11 +1,14 @@
 #include "platform/Files.h"
 
+#include "platform/FileStamp.h"
 #include "platform/Log.h"
 
 #include <QCoreApplication>
 #include <QRandomGenerator>
+#include <QRegularExpression>
 
 #include <array>
+#include <functional>
 
 namespace marquill {
 
@@ -23,6 +26,12 @@ FileSystem& files() {
 /// an ending that no listing of clips takes for a clip.
 QString temporaryName() {
     return u".marquill-%1"_s.arg(QRandomGenerator::system()->generate64(), 16, 16, QChar(u'0'));
+}
+
+/// Whether a name is one that temporaryName() gives.
+bool isTemporaryName(const QString& name) {
+    static const QRegularExpression pattern(u"\\A\\.marquill-[0-9a-f]{16}\\z"_s);
+    return pattern.match(name).hasMatch();
 }
 
 /// Notes a failure that harms nothing the caller asked for.
@@ -63,9 +72,12 @@ Result<void> fill(OpenFile& file, QByteArrayView bytes, std::optional<quint32> p
 
 using FinishTemporary = Result<void> (FileSystem::*)(const QString& from, const QString& to);
 
+/// Asked with the path of the temporary file, once it is complete, whether it may get its name.
+using Permission = std::function<Result<void>(const QString& temporary)>;
+
 /// Writes `bytes` beside `target` and gives them its name by `finish`.
 Result<void> writeBeside(const QString& target, QByteArrayView bytes, std::optional<quint32> permissions,
-                         FinishTemporary finish) {
+                         FinishTemporary finish, const Permission& mayFinish = {}) {
     const QString folder = parentFolder(target);
     Result<TemporaryFile> temporary = createTemporaryFile(folder);
     if (!temporary) {
@@ -74,6 +86,9 @@ Result<void> writeBeside(const QString& target, QByteArrayView bytes, std::optio
     }
     Result<void> done = fill(*temporary->file, bytes, permissions);
     temporary->file.reset();
+    if (done && mayFinish) {
+        done = mayFinish(temporary->path);
+    }
     if (done) {
         done = (files().*finish)(temporary->path, target);
     }
@@ -125,6 +140,24 @@ Result<QString> followLinks(QString path) {
                    QCoreApplication::translate(
                        "Files", "The links on the way to it lead in a circle. Remove one of them."),
                    path);
+}
+
+Result<void> writeOver(const QString& path, QByteArrayView bytes, const Permission& mayReplace) {
+    const Result<QString> target = followLinks(path);
+    if (!target) {
+        return std::unexpected(target.error());
+    }
+    std::optional<quint32> permissions;
+    if (const Result<FileAttributes> old = files().attributes(*target, Links::keep)) {
+        if (old->type != FileType::regular) {
+            return failure(ErrorCode::notAFile,
+                           QCoreApplication::translate(
+                               "Files", "A folder, pipe or device stands where a file is wanted."),
+                           path);
+        }
+        permissions = old->permissions;
+    }
+    return writeBeside(*target, bytes, permissions, &FileSystem::replace, mayReplace);
 }
 
 bool isFolder(const Result<FileAttributes>& attributes) {
@@ -180,21 +213,47 @@ Result<QByteArray> readFile(const QString& path) {
 }
 
 Result<void> writeFile(const QString& path, QByteArrayView bytes) {
-    const Result<QString> target = followLinks(path);
-    if (!target) {
-        return std::unexpected(target.error());
-    }
-    std::optional<quint32> permissions;
-    if (const Result<FileAttributes> old = files().attributes(*target, Links::keep)) {
-        if (old->type != FileType::regular) {
-            return failure(ErrorCode::notAFile,
+    return writeOver(path, bytes, {});
+}
+
+Result<FileStamp> replaceFile(const QString& path, QByteArrayView bytes,
+                              const std::optional<FileStamp>& expected) {
+    FileStamp stamp;
+    const auto noteAndCompare = [&](const QString& temporary) -> Result<void> {
+        const Result<FileStamp> written = fileStamp(temporary);
+        if (!written) {
+            return std::unexpected(written.error());
+        }
+        stamp = *written;
+        if (expected && fileStamp(path) != *expected) {
+            return failure(ErrorCode::changedMeanwhile,
                            QCoreApplication::translate(
-                               "Files", "A folder, pipe or device stands where a file is wanted."),
+                               "Files", "Another program has written the file meanwhile. Try again."),
                            path);
         }
-        permissions = old->permissions;
+        return {};
+    };
+    if (const Result<void> written = writeOver(path, bytes, noteAndCompare); !written) {
+        return std::unexpected(written.error());
     }
-    return writeBeside(*target, bytes, permissions, &FileSystem::replace);
+    return stamp;
+}
+
+int sweepTemporaryFiles(const QString& folder, Date date) {
+    int count = 0;
+    for (const QString& name : files().list(folder).value_or(QStringList())) {
+        if (!isTemporaryName(name)) {
+            continue;
+        }
+        const QString path = joinPath(folder, name);
+        const Result<FileAttributes> attributes = files().attributes(path, Links::keep);
+        if (attributes && attributes->type == FileType::regular && attributes->modificationDate < date) {
+            const Result<void> removed = files().removeFile(path);
+            logFailure(removed);
+            count += removed ? 1 : 0;
+        }
+    }
+    return count;
 }
 
 Result<void> writeNewFile(const QString& path, QByteArrayView bytes) {

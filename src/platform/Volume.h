@@ -21,6 +21,9 @@ class Volume {
 
     /// The state of the volume that holds `folder`; nothing when there is no such folder.
     virtual std::optional<VolumeState> state(const QString& folder) = 0;
+    /// Whether the system tells of every change on the volume that holds `folder`: it is one of this computer
+    /// alone. False where that is not known, as of network volumes and those shared with a virtual machine.
+    virtual bool tellsOfChanges(const QString& folder);
 
     /// The one in use: the operating system's, unless a test has installed its own.
     static Volume& current();
