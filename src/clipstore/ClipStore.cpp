@@ -35,7 +35,8 @@ ClipInfo infoForPlaceholder(const QString& path) {
     return ClipInfo(*record);
 }
 
-Result<void> updatePlaceholder(const ClipInfo& info, const QString& path) {
+Result<FileStamp> updatePlaceholder(const ClipInfo& info, const QString& path,
+                                    const std::optional<FileStamp>& expected) {
     if (!fileExists(path)) {
         return failure(ErrorCode::notFound,
                        QCoreApplication::translate("ClipStore", "The clip's file is not there any more."),
@@ -46,7 +47,19 @@ Result<void> updatePlaceholder(const ClipInfo& info, const QString& path) {
         bytes.error().path = path;
         return std::unexpected(bytes.error());
     }
-    return writeFile(path, *bytes);
+    return replaceFile(path, *bytes, expected);
+}
+
+Result<FileStamp> updateMovie(const ClipInfo& info, const QString& path,
+                              const std::optional<FileStamp>& expected) {
+    if (expected && fileStamp(path) != *expected) {
+        return failure(ErrorCode::changedMeanwhile,
+                       u"Another program has written the movie meanwhile. Try again."_s, path);
+    }
+    if (const auto updated = ClipStoreMovies::update(info, path); !updated) {
+        return std::unexpected(updated.error().error);
+    }
+    return fileStamp(path);
 }
 
 /// How many files may wait for the disk at a time: a file system commits what is synced together at once.
@@ -80,6 +93,28 @@ void writeSeveralAtATime(std::size_t count, const std::function<void(std::size_t
     helpers.waitForDone();
 }
 
+// Placeholders several at a time, since each file waits for its disk; of the same name the last one counts.
+void writeAll(std::span<const ClipInfo> infos, const std::function<void(std::size_t)>& write) {
+    const bool isParted = haveDifferentNames(infos);
+    if (isParted) {
+        writeSeveralAtATime(infos.size(), [&](std::size_t index) {
+            if (ClipStore::isProxyClip(infos[index])) {
+                write(index);
+            }
+        });
+    }
+    for (std::size_t index = 0; index < infos.size(); ++index) {
+        if (!isParted || !ClipStore::isProxyClip(infos[index])) {
+            write(index);
+        }
+    }
+}
+
+Error noClipNamed(const QString& name, const QString& folder) {
+    return {ErrorCode::malformed,
+            QCoreApplication::translate("ClipStore", "No clip is named “%1”.").arg(name), folder};
+}
+
 // The status stands beside the error, as the errors of a movie do not tell all of them apart.
 std::expected<void, ClipStoreMovies::UpdateFailure> update(const ClipInfo& info, const QString& folder) {
     const QString name = info.clipName().value_or(QString());
@@ -87,14 +122,12 @@ std::expected<void, ClipStoreMovies::UpdateFailure> update(const ClipInfo& info,
     const std::optional<QString> path = ClipStore::clipPath(folder, name);
     if (!path) {
         return std::unexpected(ClipStoreMovies::UpdateFailure{
-            isPlaceholder ? Status::done : Status::movieCannotBeOpened,
-            Error{ErrorCode::malformed,
-                  QCoreApplication::translate("ClipStore", "No clip is named “%1”.").arg(name), folder}});
+            isPlaceholder ? Status::done : Status::movieCannotBeOpened, noClipNamed(name, folder)});
     }
     if (!isPlaceholder) {
         return ClipStoreMovies::update(info, *path);
     }
-    if (const Result<void> updated = updatePlaceholder(info, *path); !updated) {
+    if (const Result<FileStamp> updated = updatePlaceholder(info, *path, {}); !updated) {
         return std::unexpected(ClipStoreMovies::UpdateFailure{Status::done, updated.error()});
     }
     return {};
@@ -149,20 +182,25 @@ Result<void> ClipStore::writeClipInfo(const ClipInfo& info, const QString& folde
 
 std::vector<Result<void>> ClipStore::writeClipInfos(std::span<const ClipInfo> infos, const QString& folder) {
     std::vector<Result<void>> results(infos.size());
-    const auto write = [&](std::size_t index) { results[index] = writeClipInfo(infos[index], folder); };
-    const bool isParted = haveDifferentNames(infos);
-    if (isParted) {
-        writeSeveralAtATime(infos.size(), [&](std::size_t index) {
-            if (isProxyClip(infos[index])) {
-                write(index);
-            }
-        });
-    }
-    for (std::size_t index = 0; index < infos.size(); ++index) {
-        if (!isParted || !isProxyClip(infos[index])) {
-            write(index);
+    writeAll(infos, [&](std::size_t index) { results[index] = writeClipInfo(infos[index], folder); });
+    return results;
+}
+
+std::vector<Result<FileStamp>> ClipStore::writeClipInfos(std::span<const ClipInfo> infos,
+                                                         const QString& folder,
+                                                         std::span<const std::optional<FileStamp>> expected) {
+    std::vector<Result<FileStamp>> results(infos.size());
+    writeAll(infos, [&](std::size_t index) {
+        const QString name = infos[index].clipName().value_or(QString());
+        const std::optional<QString> path = clipPath(folder, name);
+        if (!path) {
+            results[index] = std::unexpected(noClipNamed(name, folder));
+        } else {
+            results[index] = isProxyClip(infos[index])
+                                 ? updatePlaceholder(infos[index], *path, expected[index])
+                                 : updateMovie(infos[index], *path, expected[index]);
         }
-    }
+    });
     return results;
 }
 

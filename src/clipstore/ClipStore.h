@@ -5,6 +5,7 @@
 
 #include "clipstore/ClipInfo.h"
 #include "platform/Error.h"
+#include "platform/FileStamp.h"
 
 #include <QStringList>
 
@@ -41,6 +42,9 @@ class ClipStore {
     /// no user data, or its record cannot be parsed. A placeholder that is missing or cannot be read yields
     /// an empty record, and a line in the log. `clipName` and `clipDuration` of a movie are its file's own.
     static std::optional<ClipInfo> infoForClip(const QString& path);
+    /// Whether a file of that name in a record folder is a clip: it ends in ".mov" or ".xml" and does not
+    /// begin with "tmp_".
+    static bool isClipFileName(const QString& name);
     /// The names of the clip files in `folder`, in the order the file system lists them: what ends in ".mov"
     /// or ".xml" and does not begin with "tmp_". Case counts; subfolders are not entered.
     static QStringList getClipsForFolder(const QString& folder);
@@ -67,6 +71,12 @@ class ClipStore {
     /// The same for many records, with their results. Several placeholders are written at a time, since each
     /// file waits for its disk; of records with the same name the last one counts.
     static std::vector<Result<void>> writeClipInfos(std::span<const ClipInfo> infos, const QString& folder);
+    /// The same for clips that others write too: each only if its file still has the stamp expected of it, if
+    /// one is. Results: the stamps of what was written; changedMeanwhile, and nothing changed, where the file
+    /// has another one. Of a movie, which is written in place, it is compared before anything is written.
+    static std::vector<Result<FileStamp>> writeClipInfos(std::span<const ClipInfo> infos,
+                                                         const QString& folder,
+                                                         std::span<const std::optional<FileStamp>> expected);
     /// Writes the record of a placeholder as a new file. Errors: alreadyExists, and nothing changed, when
     /// something has the name, also when another program takes it at the same moment; malformed when
     /// `clipName` is no name of a placeholder.

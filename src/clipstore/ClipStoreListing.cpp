@@ -1,5 +1,6 @@
 // What clips a folder holds.
 #include "clipstore/ClipStore.h"
+#include "clipstore/KnownClips.h"
 #include "platform/Files.h"
 #include "platform/Log.h"
 #include "platform/Memory.h"
@@ -19,48 +20,40 @@ constexpr qsizetype clipsPerThread = 32;
 /// together.
 constexpr qsizetype clipsAtATime = 8;
 
-bool isClipName(const QString& name) {
-    return (name.endsWith(".mov"_L1) || name.endsWith(".xml"_L1)) && !name.startsWith("tmp_"_L1);
+/// Calls `read` with each number below `count`, once, from as many threads as are useful.
+template <class Read>
+void readInParallel(qsizetype count, Read read) {
+    takeMemoryInLargeSteps();
+    std::atomic<qsizetype> next = 0;
+    const auto readRest = [&] {
+        for (qsizetype start = next.fetch_add(clipsAtATime); start < count;
+             start = next.fetch_add(clipsAtATime)) {
+            const qsizetype end = std::min(start + clipsAtATime, count);
+            for (qsizetype index = start; index < end; ++index) {
+                read(index);
+            }
+        }
+    };
+    const qsizetype useful = count / clipsPerThread;
+    const auto helpers = static_cast<int>(std::min<qsizetype>(useful, QThread::idealThreadCount()) - 1);
+    if (helpers <= 0) {
+        readRest();
+        return;
+    }
+    QThreadPool pool;
+    pool.setMaxThreadCount(helpers);
+    for (int helper = 0; helper < helpers; ++helper) {
+        pool.start(readRest);
+    }
+    readRest();
+    pool.waitForDone();
 }
 
-/// Reads the clips of a folder, each into its own place, from any number of threads.
-class FolderReading {
-  public:
-    FolderReading(const QString& folder, const QStringList& names)
-        : _folder(folder), _names(names), _clips(static_cast<std::size_t>(names.size())) {}
-
-    /// Takes clips until none is left.
-    void run() {
-        for (qsizetype start = take(); start < _names.size(); start = take()) {
-            const qsizetype end = std::min(start + clipsAtATime, _names.size());
-            for (qsizetype index = start; index < end; ++index) {
-                _clips[static_cast<std::size_t>(index)] =
-                    ClipStore::infoForClip(joinPath(_folder, _names.at(index)));
-            }
-        }
-    }
-
-    std::vector<ClipInfo> found() && {
-        std::vector<ClipInfo> result;
-        result.reserve(_clips.size());
-        for (std::optional<ClipInfo>& clip : _clips) {
-            if (clip) {
-                result.push_back(*std::move(clip));
-            }
-        }
-        return result;
-    }
-
-  private:
-    qsizetype take() { return _next.fetch_add(clipsAtATime); }
-
-    const QString& _folder;
-    const QStringList& _names;
-    std::vector<std::optional<ClipInfo>> _clips;
-    std::atomic<qsizetype> _next = 0;
-};
-
 }  // namespace
+
+bool ClipStore::isClipFileName(const QString& name) {
+    return (name.endsWith(".mov"_L1) || name.endsWith(".xml"_L1)) && !name.startsWith("tmp_"_L1);
+}
 
 QStringList ClipStore::getClipsForFolder(const QString& folder) {
     Result<QStringList> names = FileSystem::current().list(folder);
@@ -68,7 +61,7 @@ QStringList ClipStore::getClipsForFolder(const QString& folder) {
         qCWarning(logClipStore).noquote() << names.error().description();
         return {};
     }
-    names->removeIf([](const QString& name) { return !isClipName(name); });
+    names->removeIf([](const QString& name) { return !isClipFileName(name); });
     return *std::move(names);
 }
 
@@ -77,22 +70,33 @@ std::vector<ClipInfo> ClipStore::readClipInfoForFolder(const QString& folder) {
 }
 
 std::vector<ClipInfo> ClipStore::readClipInfos(const QString& folder, const QStringList& names) {
-    takeMemoryInLargeSteps();
-    FolderReading reading(folder, names);
-    const qsizetype useful = names.size() / clipsPerThread;
-    const auto helpers = static_cast<int>(std::min<qsizetype>(useful, QThread::idealThreadCount()) - 1);
-    if (helpers > 0) {
-        QThreadPool pool;
-        pool.setMaxThreadCount(helpers);
-        for (int helper = 0; helper < helpers; ++helper) {
-            pool.start([&reading] { reading.run(); });
+    std::vector<std::optional<ClipInfo>> clips(static_cast<std::size_t>(names.size()));
+    readInParallel(names.size(), [&](qsizetype index) {
+        clips[static_cast<std::size_t>(index)] = infoForClip(joinPath(folder, names.at(index)));
+    });
+    std::vector<ClipInfo> found;
+    found.reserve(clips.size());
+    for (std::optional<ClipInfo>& clip : clips) {
+        if (clip) {
+            found.push_back(*std::move(clip));
         }
-        reading.run();
-        pool.waitForDone();
-    } else {
-        reading.run();
     }
-    return std::move(reading).found();
+    return found;
+}
+
+std::vector<ClipFile> readClipFiles(const QString& folder, const QStringList& names) {
+    std::vector<ClipFile> files(static_cast<std::size_t>(names.size()));
+    readInParallel(names.size(), [&](qsizetype index) {
+        ClipFile& file = files[static_cast<std::size_t>(index)];
+        const QString path = joinPath(folder, names.at(index));
+        file.name = names.at(index);
+        file.stamp = fileStamp(path).value_or(FileStamp());
+        file.clip = ClipStore::infoForClip(path);
+        if (file.clip) {
+            file.held = file.clip->deepCopy();
+        }
+    });
+    return files;
 }
 
 std::optional<ClipInfo> ClipStore::findClipInfoInArray(std::span<const ClipInfo> clips,
