@@ -51,7 +51,7 @@ void UnwrittenClips::show(const QString& text, const QString& buttonText) {
     connect(_notice, &NoticeBar::buttonPressed, this, [this] {
         _notice.clear();
         _writer.retry();
-        if (_writer.hasUnwritten()) {
+        if (_writer.hasFailing()) {
             failed();
         }
     });

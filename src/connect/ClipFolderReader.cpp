@@ -12,6 +12,18 @@ namespace {
 constexpr qsizetype firstPart = 128;
 constexpr qsizetype otherParts = 2048;
 
+// Files without a record are left out.
+std::vector<ClipInfo> clipsOf(const std::vector<ClipFile>& files) {
+    std::vector<ClipInfo> clips;
+    clips.reserve(files.size());
+    for (const ClipFile& file : files) {
+        if (file.clip) {
+            clips.push_back(*file.clip);
+        }
+    }
+    return clips;
+}
+
 std::vector<ClipFileFacts> factsOf(const std::vector<ClipInfo>& clips, const QString& folder) {
     std::vector<ClipFileFacts> facts;
     facts.reserve(clips.size());
@@ -31,10 +43,14 @@ void ClipFolderReader::read(const QString& folder) {
         while (done < names.size() && post.isWanted()) {
             const QStringList part = names.mid(done, done == 0 ? firstPart : otherParts);
             done += part.size();
-            std::vector<ClipInfo> clips = ClipStore::readClipInfos(folder, part);
+            std::vector<ClipFile> files = readClipFiles(folder, part);
+            std::vector<ClipInfo> clips = clipsOf(files);
             std::vector<ClipFileFacts> facts = factsOf(clips, folder);
-            post([this, clips = std::move(clips), facts = std::move(facts), done = static_cast<int>(done),
-                  total] { Q_EMIT clipsRead(clips, facts, done, total); });
+            post([this, folder, files = std::move(files), clips = std::move(clips), facts = std::move(facts),
+                  done = static_cast<int>(done), total] {
+                Q_EMIT filesRead(folder, files);
+                Q_EMIT clipsRead(clips, facts, done, total);
+            });
         }
         post([this] { Q_EMIT finished(); });
     });

@@ -2,6 +2,7 @@
 // with what the disk knows of their files. Main thread.
 #pragma once
 
+#include "clipstore/KnownClips.h"
 #include "connect/ClipFileFacts.h"
 #include "platform/BackgroundWork.h"
 
@@ -22,6 +23,8 @@ class ClipFolderReader : public QObject {
     bool isReading() const { return _work.isRunning(); }
 
   Q_SIGNALS:
+    /// The files of the next clips, and those that are no clips, as they were read; clipsRead follows.
+    void filesRead(const QString& folder, const std::vector<marquill::ClipFile>& files);
     /// The next clips, with one facts for each; `done` of `total` names of the folder were read.
     void clipsRead(const std::vector<marquill::ClipInfo>& clips,
                    const std::vector<marquill::ClipFileFacts>& facts, int done, int total);

@@ -187,6 +187,7 @@ void ClipTableController::renameFile(const ClipInfo& clip, const QString& folder
     }
     present.setClipName(clipName);
     ClipInfo(clip).setClipName(clipName);
+    _writer.clipRenamed(present, place, oldName);
     _writer.write(present, place);
     _undoManager.registerUndo(this, [this, present, place, oldName] { renameFile(present, place, oldName); });
     _undoManager.setActionName(tr("rename Clip"));

@@ -5,6 +5,8 @@
 #include "platform/Log.h"
 
 #include <algorithm>
+#include <numeric>
+#include <utility>
 
 namespace marquill {
 
@@ -28,36 +30,91 @@ ClipWriter::ClipWriter(int milliseconds) {
 }
 
 void ClipWriter::write(const std::vector<ClipInfo>& clips, const QString& folder) {
-    const bool hadUnwritten = hasUnwritten();
-    const std::vector<Result<void>> results = ClipStore::writeClipInfos(clips, folder);
-    bool hasFailed = false;
-    for (std::size_t i = 0; i < clips.size(); ++i) {
-        forget(folder, nameOf(clips[i]));
-        Unwritten unwritten{clips[i], folder, {}};
-        if (!isDone(unwritten, results[i])) {
-            qCWarning(logConnect).noquote() << unwritten.error.description();
-            _unwritten.push_back(unwritten);
-            hasFailed = true;
-        }
+    const bool wasFailing = hasFailing();
+    const std::vector<Outcome> outcomes = tryToWrite(clips, folder);
+    for (const ClipInfo& clip : clips) {
+        forget(folder, nameOf(clip));
     }
-    if (hasFailed) {
+    const std::size_t stillUnwritten = _unwritten.size();
+    for (std::size_t i = 0; i < clips.size(); ++i) {
+        keep(clips[i], folder, outcomes[i]);
+    }
+    if (_unwritten.size() > stillUnwritten) {
         _timer.start();
         Q_EMIT failed();
-    } else if (hadUnwritten) {
+    } else if (wasFailing) {
         tellWhenAllWritten();
     }
 }
 
-// Writes it; whether there is nothing left to be done for it.
-bool ClipWriter::isDone(Unwritten& unwritten) {
-    return isDone(unwritten, ClipStore::writeClipInfo(unwritten.clip, unwritten.folder));
+// Keeps what was not written.
+void ClipWriter::keep(const ClipInfo& clip, const QString& folder, const Outcome& outcome) {
+    Unwritten unwritten{clip, folder, {}};
+    if (!isDone(unwritten, outcome)) {
+        qCWarning(logConnect).noquote() << unwritten.error.description();
+        _unwritten.push_back(unwritten);
+    }
 }
 
-bool ClipWriter::isDone(Unwritten& unwritten, const Result<void>& written) {
-    if (written) {
+// A file that others write at the same moment is looked at again, and then left for later.
+std::vector<ClipWriter::Outcome> ClipWriter::tryToWrite(const std::vector<ClipInfo>& clips,
+                                                        const QString& folder,
+                                                        const SharedClips::Answer& answer) {
+    constexpr int mostTries = 4;
+    std::vector<Outcome> outcomes(clips.size());
+    std::vector<std::size_t> waiting(clips.size());
+    std::iota(waiting.begin(), waiting.end(), std::size_t{0});
+    for (int tries = 0; tries < mostTries && !waiting.empty(); ++tries) {
+        writePrepared(clips, folder, answer, waiting, outcomes);
+    }
+    return outcomes;
+}
+
+// Writes those that wait, all at a time; those whose files have changed at that very moment wait on.
+void ClipWriter::writePrepared(const std::vector<ClipInfo>& clips, const QString& folder,
+                               const SharedClips::Answer& answer, std::vector<std::size_t>& waiting,
+                               std::vector<Outcome>& outcomes) {
+    std::vector<std::size_t> written;
+    std::vector<ClipInfo> records;
+    std::vector<std::optional<FileStamp>> expected;
+    for (const std::size_t index : std::exchange(waiting, {})) {
+        _shared.adopt(clips[index], folder);
+        SharedClips::Preparation preparation = _shared.prepare(clips[index], folder, answer);
+        outcomes[index] = {.written = {}, .conflicts = std::move(preparation.conflicts)};
+        if (!preparation.isWritten && outcomes[index].conflicts.empty()) {
+            written.push_back(index);
+            records.push_back(clips[index]);
+            expected.push_back(preparation.expected);
+        }
+    }
+    const std::vector<Result<FileStamp>> results = ClipStore::writeClipInfos(records, folder, expected);
+    for (std::size_t i = 0; i < results.size(); ++i) {
+        if (results[i]) {
+            _shared.noteWritten(records[i], folder, *results[i]);
+            continue;
+        }
+        outcomes[written[i]].written = std::unexpected(results[i].error());
+        if (expected[i] && results[i].error().code == ErrorCode::changedMeanwhile) {
+            waiting.push_back(written[i]);
+        }
+    }
+}
+
+// Writes it; whether there is nothing left to be tried for it.
+bool ClipWriter::isDone(Unwritten& unwritten) {
+    return isDone(unwritten, tryToWrite({unwritten.clip}, unwritten.folder).front());
+}
+
+bool ClipWriter::isDone(Unwritten& unwritten, const Outcome& outcome) {
+    if (!outcome.conflicts.empty()) {
+        _conflicts.push_back({unwritten.clip, unwritten.folder, outcome.conflicts});
+        Q_EMIT conflictsChanged();
         return true;
     }
-    unwritten.error = written.error();
+    if (outcome.written) {
+        return true;
+    }
+    unwritten.error = outcome.written.error();
     if (!isGone(unwritten.error, unwritten.folder)) {
         return false;
     }
@@ -67,8 +124,23 @@ bool ClipWriter::isDone(Unwritten& unwritten, const Result<void>& written) {
 }
 
 void ClipWriter::retry() {
+    for (const ClipInConflict& conflict : std::vector(_conflicts)) {
+        write(conflict.clip, conflict.folder);
+    }
     std::erase_if(_unwritten, [this](Unwritten& unwritten) { return isDone(unwritten); });
     tellWhenAllWritten();
+}
+
+void ClipWriter::resolve(const ClipInConflict& conflict, ClipPreference preference) {
+    const ClipInConflict answered = conflict;
+    forget(answered.folder, nameOf(answered.clip));
+    keep(answered.clip, answered.folder,
+         tryToWrite({answered.clip}, answered.folder, {.preference = preference, .to = answered.keys})
+             .front());
+    if (hasFailing()) {
+        _timer.start();
+        Q_EMIT failed();
+    }
 }
 
 // Until one fails: of ten thousand clips on a volume that is full, one at a time is asked.
@@ -91,6 +163,12 @@ void ClipWriter::tellWhenAllWritten() {
 }
 
 std::optional<ClipInfo> ClipWriter::unwritten(const QString& folder, const QString& clipName) const {
+    const auto conflict = std::ranges::find_if(_conflicts, [&](const ClipInConflict& kept) {
+        return nameOf(kept.clip) == clipName && kept.folder == folder;
+    });
+    if (conflict != _conflicts.end()) {
+        return conflict->clip;
+    }
     const auto found = std::ranges::find_if(_unwritten, [&](const Unwritten& unwritten) {
         return nameOf(unwritten.clip) == clipName && unwritten.folder == folder;
     });
@@ -98,8 +176,12 @@ std::optional<ClipInfo> ClipWriter::unwritten(const QString& folder, const QStri
 }
 
 QString ClipWriter::unwrittenText() const {
-    if (_unwritten.empty()) {
+    if (_unwritten.empty() && _conflicts.empty()) {
         return {};
+    }
+    if (_unwritten.empty()) {
+        return tr("“%1” could not be saved: Somebody else has changed it too.")
+            .arg(nameOf(_conflicts.front().clip));
     }
     const std::size_t others = _unwritten.size() - 1;
     const Unwritten& first = _unwritten.front();
@@ -121,11 +203,18 @@ QString ClipWriter::textForSeveral(const Unwritten& first, std::size_t others) {
 
 void ClipWriter::clipMoved(const ClipInfo& clip, const QString& from, const QString& to) {
     forget(to, nameOf(clip));
-    for (Unwritten& unwritten : _unwritten) {
-        if (unwritten.folder == from && nameOf(unwritten.clip) == nameOf(clip)) {
-            unwritten.folder = to;
+    _shared.known().move(from, nameOf(clip), to, nameOf(clip));
+    const auto follow = [&](auto& kept) {
+        if (kept.folder == from && nameOf(kept.clip) == nameOf(clip)) {
+            kept.folder = to;
         }
-    }
+    };
+    std::ranges::for_each(_unwritten, follow);
+    std::ranges::for_each(_conflicts, follow);
+}
+
+void ClipWriter::clipRenamed(const ClipInfo& clip, const QString& folder, const QString& oldName) {
+    _shared.known().move(folder, oldName, folder, nameOf(clip));
 }
 
 void ClipWriter::clipReplaced(const ClipInfo& clip, const QString& folder) {
@@ -134,20 +223,42 @@ void ClipWriter::clipReplaced(const ClipInfo& clip, const QString& folder) {
         forget(folder, nameOf(clip));
         tellWhenAllWritten();
     }
+    _shared.noteOnDisk(clip, folder);
 }
 
 void ClipWriter::folderMoved(const QString& from, const QString& to) {
-    for (Unwritten& unwritten : _unwritten) {
-        if (unwritten.folder == from || unwritten.folder == joinPath(from, u"Trash"_s)) {
-            unwritten.folder = to + unwritten.folder.sliced(from.size());
+    _shared.known().folderMoved(from, to);
+    const auto follow = [&](auto& kept) {
+        if (kept.folder == from || kept.folder == joinPath(from, u"Trash"_s)) {
+            kept.folder = to + kept.folder.sliced(from.size());
         }
+    };
+    std::ranges::for_each(_unwritten, follow);
+    std::ranges::for_each(_conflicts, follow);
+}
+
+void ClipWriter::leaveFolder(const QString& folder) {
+    for (const QString& place : {folder, joinPath(folder, u"Trash"_s)}) {
+        QStringList kept;
+        const auto add = [&](const auto& unwritten) {
+            if (unwritten.folder == place) {
+                kept.append(nameOf(unwritten.clip));
+            }
+        };
+        std::ranges::for_each(_unwritten, add);
+        std::ranges::for_each(_conflicts, add);
+        _shared.known().forget(place, kept);
     }
 }
 
 void ClipWriter::forget(const QString& folder, const QString& clipName) {
-    std::erase_if(_unwritten, [&](const Unwritten& unwritten) {
-        return nameOf(unwritten.clip) == clipName && unwritten.folder == folder;
-    });
+    const auto isMeant = [&](const auto& kept) {
+        return nameOf(kept.clip) == clipName && kept.folder == folder;
+    };
+    std::erase_if(_unwritten, isMeant);
+    if (std::erase_if(_conflicts, isMeant) > 0) {
+        Q_EMIT conflictsChanged();
+    }
 }
 
 }  // namespace marquill

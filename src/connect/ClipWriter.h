@@ -1,8 +1,11 @@
 // Writes the records of edited clips, and keeps those that could not be written: they are written again every
-// few seconds until they are on the disk. Owned by ClipTableController. Main thread.
+// few seconds until they are on the disk. What others wrote into a clip's file since it was read is merged
+// first; a clip that both have changed in the same place is kept until resolve() says how it shall be. Two
+// programs that write one clip within the same few microseconds are not told apart, see replaceFile: what was
+// written first is lost then. Owned by ClipTableController. Main thread.
 #pragma once
 
-#include "clipstore/ClipInfo.h"
+#include "connect/SharedClips.h"
 #include "platform/Error.h"
 
 #include <QObject>
@@ -29,7 +32,9 @@ class ClipWriter : public QObject {
     /// Writes all that are kept, as they are now.
     void retry();
 
-    bool hasUnwritten() const { return !_unwritten.empty(); }
+    bool hasUnwritten() const { return !_unwritten.empty() || !_conflicts.empty(); }
+    /// Whether some of them were refused by the disk.
+    bool hasFailing() const { return !_unwritten.empty(); }
     /// The record that is kept for the clip of that name: it is newer than the file.
     std::optional<ClipInfo> unwritten(const QString& folder, const QString& clipName) const;
     /// "“A#01.xml” could not be saved: The volume is full. …", of several clips with their number.
@@ -39,10 +44,25 @@ class ClipWriter : public QObject {
     void clipMoved(const ClipInfo& clip, const QString& from, const QString& to);
     /// Another clip has that name now: what is kept for the one before is not for it.
     void clipReplaced(const ClipInfo& clip, const QString& folder);
+    /// The clip's file was given the name that the clip has now.
+    void clipRenamed(const ClipInfo& clip, const QString& folder, const QString& oldName);
     /// A record folder was given another path.
     void folderMoved(const QString& from, const QString& to);
+    /// The folder is not shown any more: what is known of its clips but the kept ones is forgotten.
+    void leaveFolder(const QString& folder);
+
+    // Clips that others write too
+
+    SharedClips& shared() { return _shared; }
+    /// Those that wait for an answer, the oldest first.
+    const std::vector<ClipInConflict>& conflicts() const { return _conflicts; }
+    /// Writes the clip with what one side has. Where others have changed it again since it was shown so, it
+    /// is in conflict anew.
+    void resolve(const ClipInConflict& conflict, ClipPreference preference);
 
   Q_SIGNALS:
+    /// There are others in conflict than before, or none.
+    void conflictsChanged();
     /// Clips came to those that are not written.
     void failed();
     /// The file of a clip is gone and its last edit with it; for the user.
@@ -57,14 +77,27 @@ class ClipWriter : public QObject {
         Error error;
     };
 
+    struct Outcome {
+        Result<void> written = {};
+        std::vector<ClipConflict> conflicts = {};
+    };
+
+    std::vector<Outcome> tryToWrite(const std::vector<ClipInfo>& clips, const QString& folder,
+                                    const SharedClips::Answer& answer = {});
+    void writePrepared(const std::vector<ClipInfo>& clips, const QString& folder,
+                       const SharedClips::Answer& answer, std::vector<std::size_t>& waiting,
+                       std::vector<Outcome>& outcomes);
+    void keep(const ClipInfo& clip, const QString& folder, const Outcome& outcome);
     void forget(const QString& folder, const QString& clipName);
     bool isDone(Unwritten& unwritten);
-    bool isDone(Unwritten& unwritten, const Result<void>& written);
+    bool isDone(Unwritten& unwritten, const Outcome& outcome);
     static QString textFor(const Unwritten& unwritten);
     static QString textForSeveral(const Unwritten& first, std::size_t others);
     void retryInTurn();
     void tellWhenAllWritten();
 
+    SharedClips _shared;
+    std::vector<ClipInConflict> _conflicts;
     std::vector<Unwritten> _unwritten;  // the one to be tried next is the first
     QTimer _timer;
 };
