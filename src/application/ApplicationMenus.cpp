@@ -108,9 +108,11 @@ std::vector<ActionDescription> viewCommands(Application& app) {
         part(u"goToMarkers"_s, Application::tr("Go to Markers"), Qt::Key_9, &ClipManager::goToMarkers),
         {u"goToMarkerButtons"_s, menu, Application::tr("Go to Marker Buttons"),
          QKeySequence(Qt::CTRL | Qt::Key_0), [&app] { app.goToMarkerButtons(); }},
+        {u"showHideDayStrip"_s, menu, Application::tr("Show Day Timeline"),
+         QKeySequence(Qt::CTRL | Qt::Key_T), [] { withClipManager(&ClipManager::showHideDayStrip); }, true},
         {u"collapseWindow"_s, menu, Application::tr("Collapse Window"),
          QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_W),
-         [] { withClipManager(&ClipManager::collapseWindow); }, true},
+         [] { withClipManager(&ClipManager::collapseWindow); }},
     };
 }
 

@@ -7,6 +7,7 @@
 #include "clipmanager/ClipMedia.h"
 #include "clipmanager/CollapsibleWindow.h"
 #include "clipmanager/CurrentClip.h"
+#include "clipmanager/DayStrip.h"
 #include "clipmanager/UnwrittenClips.h"
 #include "clipstore/Notifications.h"
 #include "connect/ClipFileFacts.h"
@@ -18,6 +19,7 @@
 #include "platform/Files.h"
 #include "platform/Log.h"
 #include "platform/TableView.h"
+#include "recording/OfflineRecorder.h"
 
 #include <QAction>
 #include <QMainWindow>
@@ -99,6 +101,7 @@ void ClipManager::setUpFolderList() {
 void ClipManager::setUpClipTable() {
     _clips = std::make_unique<ClipTableController>(*_clipTable, *_clipCount, _undoManager);
     _unwritten = std::make_unique<UnwrittenClips>(*_window, _clips->writer());
+    _dayStrip->setClipTable(*_clips);
     _noClipsHint = new EmptyHint(*_clipTable, {});
     connect(&_reader, &ClipFolderReader::clipsRead, this,
             [this](const std::vector<ClipInfo>& clips, const std::vector<ClipFileFacts>& facts, int done,
@@ -128,6 +131,7 @@ void ClipManager::restore(const Dictionary& settings) {
     _folderList->restoreFromSettings(settings);
     // From here on a crash costs no folder. Not before, or what is being restored would be saved half done.
     connect(_folderList.get(), &RecordFolderController::foldersChanged, this, &ClipManager::saveSettings);
+    _dayStrip->setWanted(ClipManagerSettings::isDayStripVisible(settings));
     _frameTimer.setSingleShot(true);
     _frameTimer.setInterval(frameInterval);
     connect(&_frameTimer, &QTimer::timeout, this, &ClipManager::saveSettings);
@@ -142,6 +146,7 @@ Dictionary ClipManager::settings() const {
                                        .expanded = _collapsible->isExpanded(),
                                        .expandedHeight = double(_collapsible->expandedHeight())};
     Dictionary settings = state.settings();
+    ClipManagerSettings::setDayStripVisible(settings, _dayStrip->isWanted());
     _folderList->writeSettings(settings);
     return settings;
 }
@@ -159,6 +164,7 @@ void ClipManager::addClip(const ClipInfo& info, const QString& folder) {
     if (shownFolder() == folder) {
         _clips->addItem(info);
     }
+    showTakeInProgress();
     // A take that ends puts the marker buttons out, which may still serve the clip shown.
     enableMarkerButtons();
 }
@@ -230,7 +236,14 @@ void ClipManager::folderMoved(const QString& from, const QString& to) {
 void ClipManager::timerAction() {
     _selectedFolderPath->setText(statusText());
     _noClipsHint->setText(hintText());
+    showTakeInProgress();
     enableMarkerButtons();
+}
+
+void ClipManager::showTakeInProgress() {
+    const std::optional<TakeRecord> take = OfflineRecorder::takeInProgress();
+    const bool isShown = take && shownFolder() == take->folder;
+    _dayStrip->setTakeInProgress(isShown ? std::optional(timelineTake(*take)) : std::nullopt);
 }
 
 QString ClipManager::hintText() const {

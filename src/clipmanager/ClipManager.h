@@ -32,6 +32,7 @@ class ClipMediaReader;
 class ClipTableController;
 class CollapsibleWindow;
 class CurrentClip;
+class DayStrip;
 class EmptyHint;
 class MoviePreview;
 class RecordFolderController;
@@ -105,6 +106,8 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
     void showLabelList();
     /// Folds the window to its tool bar and status line, or unfolds it.
     void collapseWindow();
+    /// Shows the day's takes along its hours above the clips, or no longer.
+    void showHideDayStrip();
 
     // Each gives the keyboard to a part of the window.
     void goToFolders();
@@ -203,6 +206,7 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
     void endTyping(const QString& key, const QString& text, const QString& shown);
     void folderRead();
     void showReading(bool isReading);
+    void showTakeInProgress();
     void observe();
     void restore(const Dictionary& settings);
     void restoreFrame(const Dictionary& settings);
@@ -213,6 +217,7 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
 
     std::unique_ptr<QMainWindow> _window;
     TableView* _recordFolderTable = nullptr;
+    DayStrip* _dayStrip = nullptr;
     TableView* _clipTable = nullptr;
     TableView* _markerTable = nullptr;
     QAbstractButton* _addMarkerButton = nullptr;

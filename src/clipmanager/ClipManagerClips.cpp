@@ -4,6 +4,7 @@
 #include "clipmanager/ClipMedia.h"
 #include "clipmanager/CollapsibleWindow.h"
 #include "clipmanager/CurrentClip.h"
+#include "clipmanager/DayStrip.h"
 #include "clipstore/Notifications.h"
 #include "connect/ClipFileFacts.h"
 #include "connect/ClipTableController.h"
@@ -282,6 +283,8 @@ void ClipManager::validateMenuItem(QAction& action) {
         action.setEnabled(_undoManager.canRedo());
     } else if (command == "collapseWindow"_L1) {
         action.setText(_collapsible->isExpanded() ? tr("Collapse Window") : tr("Expand Window"));
+    } else if (command == "showHideDayStrip"_L1) {
+        action.setText(_dayStrip->isWanted() ? tr("Hide Day Timeline") : tr("Show Day Timeline"));
     } else {
         action.setEnabled(isEnabled(command).value_or(_clips->validateMenuItem(command)));
     }

@@ -14,6 +14,7 @@ const QString kWindPosY = u"kWindPosY"_s;
 const QString kWindWidth = u"kWindWidth"_s;
 const QString kWindHeight = u"kWindHeight"_s;
 const QString kWindExpanded = u"kWindExpanded"_s;
+const QString kDayTimelineVisible = u"kDayTimelineVisible"_s;
 }  // namespace key
 
 // A number of the settings that can be a place on a screen.
@@ -42,6 +43,14 @@ WindowFrame ClipManagerSettings::frame(const Dictionary& settings, const WindowF
 
 bool ClipManagerSettings::isVisible(const Dictionary& settings) {
     return settings.boolean(key::kWindVisible).value_or(true);
+}
+
+bool ClipManagerSettings::isDayStripVisible(const Dictionary& settings) {
+    return settings.boolean(key::kDayTimelineVisible).value_or(true);
+}
+
+void ClipManagerSettings::setDayStripVisible(Dictionary& settings, bool isVisible) {
+    settings.set(key::kDayTimelineVisible, isVisible);
 }
 
 Dictionary ClipManagerSettings::saved() {

@@ -30,6 +30,9 @@ inline const QString defaultsKey = u"ClipManagerSettings"_s;
 WindowFrame frame(const Dictionary& settings, const WindowFrame& present);
 /// Whether the window is to be shown; it is when they do not tell.
 bool isVisible(const Dictionary& settings);
+/// Whether the day's takes are to be shown along its hours; they are when the settings do not tell.
+bool isDayStripVisible(const Dictionary& settings);
+void setDayStripVisible(Dictionary& settings, bool isVisible);
 
 /// What the user defaults hold; empty when there is nothing.
 Dictionary saved();

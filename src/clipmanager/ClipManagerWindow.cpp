@@ -5,6 +5,7 @@
 #include "clipmanager/ClipManagerToolbar.h"
 #include "clipmanager/CollapsibleWindow.h"
 #include "clipmanager/CurrentClip.h"
+#include "clipmanager/DayStrip.h"
 #include "connect/ClipTableController.h"
 #include "connect/MoviePreview.h"
 #include "platform/ElidingLabel.h"
@@ -23,6 +24,7 @@ Result<void> ClipManager::loadWindow() {
     WindowDescription::registerWidget<TableView>(u"TableView"_s);
     WindowDescription::registerWidget<ElidingLabel>(u"ElidingLabel"_s);
     WindowDescription::registerWidget<MoviePreview>(u"MoviePreview"_s);
+    WindowDescription::registerWidget<DayStrip>(u"DayStrip"_s);
     Result<std::unique_ptr<QWidget>> loaded = WindowDescription::load(u"ClipManager"_s);
     if (!loaded) {
         return std::unexpected(loaded.error());
@@ -37,6 +39,7 @@ Result<void> ClipManager::loadWindow() {
 Result<void> ClipManager::connectOutlets() {
     Outlets outlets(*_window);
     outlets.connect(_recordFolderTable, u"_recordFolderTable"_s);
+    outlets.connect(_dayStrip, u"_dayStrip"_s);
     outlets.connect(_clipTable, u"_clipTable"_s);
     outlets.connect(_folderSplitView, u"_folderSplitView"_s);
     outlets.connect(_clipSplitView, u"_clipSplitView"_s);
@@ -124,6 +127,11 @@ bool ClipManager::eventFilter(QObject* watched, QEvent* event) {
 
 void ClipManager::collapseWindow() {
     _collapsible->toggle();
+}
+
+void ClipManager::showHideDayStrip() {
+    _dayStrip->setWanted(!_dayStrip->isWanted());
+    saveSettings();
 }
 
 void ClipManager::goTo(QWidget& part) {

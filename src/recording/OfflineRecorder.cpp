@@ -68,6 +68,13 @@ bool OfflineRecorder::isRecording() {
     return shared() && shared()->_isRecording;
 }
 
+std::optional<TakeRecord> OfflineRecorder::takeInProgress() {
+    if (!isRecording()) {
+        return std::nullopt;
+    }
+    return shared()->take(secondsBetween(shared()->_recordStartDate, Clock::current().now()));
+}
+
 void OfflineRecorder::startRecording(std::optional<Date> moment) {
     if (OfflineRecorder* recorder = shared()) {
         recorder->start(moment);

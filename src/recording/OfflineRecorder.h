@@ -41,6 +41,8 @@ class OfflineRecorder : public QObject {
     /// Saves the panel's state and destroys the recorder.
     static void finish();
     static bool isRecording();
+    /// The take that is being recorded as it stands now, or nothing.
+    static std::optional<TakeRecord> takeInProgress();
     /// Both happen at `moment`, when the key was struck, however late its turn came; without one, now.
     static void startRecording(std::optional<Date> moment = std::nullopt);
     static void stopRecording(std::optional<Date> moment = std::nullopt);

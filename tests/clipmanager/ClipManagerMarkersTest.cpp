@@ -1,7 +1,9 @@
 #include "clipmanager/ClipManagerFixture.h"
+#include "clipmanager/DayStrip.h"
 #include "clipstore/Notifications.h"
 #include "connect/MoviePreview.h"
 #include "markers/MarkerSets.h"
+#include "platform/FakeClock.h"
 #include "platform/FloatingPanel.h"
 #include "platform/MovieMaker.h"
 #include "platform/UndoManager.h"
@@ -187,6 +189,32 @@ class ClipManagerMarkersTest : public QObject {
         OfflineRecorder::stopRecording();
         QVERIFY(manager().currentClip());
         QVERIFY(buttonsAreEnabled());
+    }
+
+    void theTakeInProgressStandsInTheDayTimeline() {
+        FakeClock clock;
+        MarkerSets::init();
+        _fixture->writeClip(u"A#01.xml"_s, {{u"clipCreationDate"_s, dateByAdding(clock.now(), -300)},
+                                            {u"clipDuration"_s, 60}});
+        _fixture->show();
+        OfflineRecorder::init(manager());
+        manager().recordingFolderChanged();
+        auto& strip = _fixture->outlet<DayStrip>(u"_dayStrip"_s);
+        QTRY_COMPARE(strip.timeline().takes().size(), std::size_t{1});
+        OfflineRecorder::startRecording();
+        clock.advance(90);
+        manager().timerAction();
+        QVERIFY(!strip.view().progressRect().isEmpty());
+        manager().folderList().selectFolder(_fixture->path(u"b"_s));
+        QVERIFY(strip.view().progressRect().isEmpty());
+        manager().folderList().selectFolder(_fixture->path(u"a"_s));
+        QTRY_COMPARE(strip.timeline().takes().size(), std::size_t{1});
+        QVERIFY(!strip.view().progressRect().isEmpty());
+        OfflineRecorder::stopRecording();
+        QVERIFY(strip.view().progressRect().isEmpty());
+        QTRY_COMPARE(strip.timeline().takes().size(), std::size_t{2});
+        QCOMPARE(strip.timeline().takes()[1].duration, 90.0);
+        QTRY_COMPARE(strip.view().spokenPlace(), 2);
     }
 
     // A click fires a second later; what it was meant for may be over by then.

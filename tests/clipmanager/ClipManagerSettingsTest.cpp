@@ -1,6 +1,8 @@
 #include "clipmanager/ClipManagerFixture.h"
 #include "clipmanager/ClipManagerSettings.h"
+#include "clipmanager/DayStrip.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QScreen>
 #include <QSplitter>
@@ -55,6 +57,22 @@ class ClipManagerSettingsTest : public QObject {
         QCOMPARE(
             ClipManagerSettings::frame({{u"kWindPosX"_s, std::numeric_limits<double>::infinity()}}, present),
             present);
+    }
+
+    void theDayTimelineStaysAsTheUserLeftIt() {
+        QVERIFY(ClipManagerSettings::isDayStripVisible({}));
+        _fixture->show();
+        QAction command;
+        command.setObjectName(u"showHideDayStrip"_s);
+        _fixture->manager->validateMenuItem(command);
+        QCOMPARE(command.text(), u"Hide Day Timeline"_s);
+        _fixture->manager->showHideDayStrip();
+        QCOMPARE(savedSettings().boolean(u"kDayTimelineVisible"), false);
+        const Dictionary saved = savedSettings();
+        _fixture->manager = ClipManager::initWithSettings(saved);
+        QVERIFY(!_fixture->outlet<DayStrip>(u"_dayStrip"_s).isWanted());
+        _fixture->manager->validateMenuItem(command);
+        QCOMPARE(command.text(), u"Show Day Timeline"_s);
     }
 
     // The divider

@@ -7,7 +7,7 @@ from desktop import Desktop, read_placeholder
 from shoot import make_shoot, settings_for
 
 CLIP_MANAGER, PREFERENCES = "Clip Manager", "Preferences"
-CLIP_HEADER = (0.25, 78 / 640)
+CLIP_HEADER = (0.25, 130 / 640)
 
 
 def check(condition, what):

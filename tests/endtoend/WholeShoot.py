@@ -14,7 +14,7 @@ from shoot_media import Shoot
 os.environ["TZ"] = "MST7"
 
 CLIP_MANAGER = "Clip Manager"
-FIRST_FOLDER, CLIPS = (0.1, 78 / 640), (0.5, 110 / 640)
+FIRST_FOLDER, CLIPS = (0.1, 78 / 640), (0.5, 170 / 640)
 CHOOSERS = {"qt": "Choose folder with QuickTime clips", "p2": "Choose root folder with P2 clips"}
 RED_CHOOSER, CONVERTED_CHOOSER = "Choose folder with RED clips", "Choose folder with clips converted by FCP"
 # Of the menu Clip > Connect, which begins with two commands that several clips do not have, or do not need.
