@@ -31,10 +31,19 @@ QString codeOf(const QString& language) {
     return language.section(u'-', 0, 0).section(u'_', 0, 0).toLower();
 }
 
-// The language of a machine whose locale is "C" is not asked for: its user wants no translation.
+// Whether the environment asks for no language at all; what LANGUAGE then names does not count.
+bool wantsNone() {
+    for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+        const QString locale = qEnvironmentVariable(variable).section(u'.', 0, 0);
+        if (!locale.isEmpty()) {
+            return locale == "C"_L1 || locale == "POSIX"_L1;
+        }
+    }
+    return false;
+}
+
 QStringList languagesOfUser() {
-    const QLocale system = QLocale::system();
-    return system.language() == QLocale::C ? QStringList() : system.uiLanguages();
+    return wantsNone() ? QStringList() : QLocale::system().uiLanguages();
 }
 
 QString languageFor(const QStringList& wanted) {

@@ -2,13 +2,12 @@
 #include "application/Application.h"
 #include "clipmanager/ClipManager.h"
 #include "connect/ClipTableController.h"
-#include "folders/LabelTableController.h"
 #include "folders/Preferences.h"
 #include "folders/RecordFolderController.h"
 #include "markers/MarkerSets.h"
 #include "platform/FakeDialogs.h"
 #include "platform/Files.h"
-#include "platform/Translations.h"
+#include "platform/FloatingPanel.h"
 #include "platform/UserDefaults.h"
 #include "recording/OfflineRecorder.h"
 
@@ -21,6 +20,8 @@
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include <array>
 
 using namespace marquill;
 
@@ -41,10 +42,16 @@ Widget& find(QWidget& window, const QString& name) {
     return *widget;
 }
 
-// A text that its widget has no room for.
-QString cutOff(const QWidget& widget) {
-    const int missing = widget.sizeHint().width() - widget.width();
-    return missing <= 0 ? QString() : widget.objectName() + u" lacks %1 pixels"_s.arg(missing);
+// How many pixels a text lacks in its widget; buttons of a fixed size may be narrower than their style would
+// like.
+int missingWidth(const QWidget& widget) {
+    if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
+        return button->fontMetrics().horizontalAdvance(button->text().remove(u'&')) - button->width();
+    }
+    const auto* label = qobject_cast<const QLabel*>(&widget);
+    return label && label->metaObject() == &QLabel::staticMetaObject && !label->wordWrap()
+               ? label->sizeHint().width() - label->width()
+               : 0;
 }
 
 }  // namespace
@@ -54,11 +61,13 @@ class TranslatedWindowsTest : public QObject {
 
     QTemporaryDir _folder;
     std::unique_ptr<FakeDialogs> _dialogs;
+    int _starts = 0;
 
   private Q_SLOTS:
     void init() {
         _dialogs = std::make_unique<FakeDialogs>();
-        UserDefaults::useFile(joinPath(_folder.path(), u"settings.plist"_s));
+        // No test sees what another one has set.
+        UserDefaults::useFile(joinPath(_folder.path(), u"settings%1.plist"_s.arg(++_starts)));
         application().finishLaunching();
     }
 
@@ -110,7 +119,7 @@ class TranslatedWindowsTest : public QObject {
     }
 
     void alerts() {
-        OfflineRecorder::shared()->startRecording();
+        OfflineRecorder::startRecording();
         QCOMPARE(_dialogs->alerts.size(), 1);
         QCOMPARE(_dialogs->alerts.first().title, u"Kein Zielordner für die Aufnahme ausgewählt"_s);
     }
@@ -132,20 +141,17 @@ class TranslatedWindowsTest : public QObject {
     // Data stay as they are: a set or a label that is made here can be opened anywhere.
     void whatIsWrittenIntoSettingsAndClipsStaysAsItIs() {
         QCOMPARE(Preferences::labels().first(), u"Print"_s);
-        QCOMPARE(MarkerSets::shared()->currentMarkerSet().title(), u"Default Set"_s);
+        QCOMPARE(MarkerSets::controller()->currSet()->title(), u"Default Set"_s);
     }
 
     void noLabelOrButtonIsCutOff() {
         QStringList cut;
-        for (QWidget* window :
-             {static_cast<QWidget*>(&mainWindow()), OfflineRecorder::window(), MarkerSets::window()}) {
+        const std::array<QWidget*, 3> windows{&mainWindow(), OfflineRecorder::window(), MarkerSets::window()};
+        for (QWidget* window : windows) {
             window->ensurePolished();
             for (QWidget* widget : window->findChildren<QWidget*>()) {
-                const bool holdsText = qobject_cast<QAbstractButton*>(widget) ||
-                                       (widget->metaObject() == &QLabel::staticMetaObject &&
-                                        !static_cast<QLabel*>(widget)->wordWrap());
-                if (holdsText && widget->isVisible() && !cutOff(*widget).isEmpty()) {
-                    cut.append(cutOff(*widget));
+                if (widget->isVisible() && missingWidth(*widget) > 0) {
+                    cut.append(u"%1 lacks %2 pixels"_s.arg(widget->objectName()).arg(missingWidth(*widget)));
                 }
             }
         }
