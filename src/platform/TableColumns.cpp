@@ -79,6 +79,7 @@ void TableColumns::arrange() {
     _header.setSectionsClickable(true);
     _header.setMinimumSectionSize(narrowest);
     _header.setStretchLastSection(true);
+    _header.setTextElideMode(Qt::ElideRight);
     _header.setSortIndicatorShown(true);
     // A third click on a title ends the sorting.
     _header.setSortIndicatorClearable(true);
@@ -86,7 +87,10 @@ void TableColumns::arrange() {
     int place = 0;
     for (const TableColumn& first : _columns) {
         _header.moveSection(_header.visualIndex(first.column), place++);
-        _header.resizeSection(first.column, _header.fontMetrics().horizontalAdvance(first.sample) + padding);
+        const QString title = _header.model()->headerData(first.column, Qt::Horizontal).toString();
+        const int width = std::max(_header.fontMetrics().horizontalAdvance(first.sample),
+                                   _header.fontMetrics().horizontalAdvance(title));
+        _header.resizeSection(first.column, width + padding);
     }
 }
 

@@ -18,7 +18,7 @@ namespace marquill {
 struct TableColumn {
     int column = 0;      ///< the model's
     QString identifier;  ///< its name in the user defaults
-    QString sample;      ///< a text that its first width has room for
+    QString sample;      ///< a text that its first width has room for, as it has for its title
 };
 
 class TableColumns : public QObject {
