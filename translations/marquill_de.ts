@@ -113,6 +113,17 @@
     </message>
 </context>
 <context>
+    <name>ClipFilter</name>
+    <message>
+        <source>rating: needs a number from 0 to 5</source>
+        <translation>rating: braucht eine Zahl von 0 bis 5</translation>
+    </message>
+    <message>
+        <source>connected: needs yes, no or offline</source>
+        <translation>connected: braucht yes, no oder offline</translation>
+    </message>
+</context>
+<context>
     <name>ClipManager</name>
     <message>
         <source>Clip Manager</source>
@@ -381,6 +392,10 @@ Geändert: %3
         <translation>Pfad: %1
 </translation>
     </message>
+    <message>
+        <source>Another program has written the movie meanwhile. Try again.</source>
+        <translation>Ein anderes Programm hat den Film inzwischen geschrieben. Versuchen Sie es noch einmal.</translation>
+    </message>
 </context>
 <context>
     <name>ClipTableModel</name>
@@ -641,6 +656,10 @@ Geändert: %3
         <source>The volume knows no file locks.</source>
         <translation>Das Volume kennt keine Dateisperren.</translation>
     </message>
+    <message>
+        <source>A folder or a link stands where a file is wanted.</source>
+        <translation>Wo eine Datei gebraucht wird, ist ein Ordner oder ein Link.</translation>
+    </message>
 </context>
 <context>
     <name>FileSystem</name>
@@ -651,6 +670,10 @@ Geändert: %3
     <message>
         <source>The link points to a name that is no text.</source>
         <translation>Der Link zeigt auf einen Namen, der kein Text ist.</translation>
+    </message>
+    <message>
+        <source>A folder or a device stands where a file is wanted.</source>
+        <translation>Wo eine Datei gebraucht wird, ist ein Ordner oder ein Gerät.</translation>
     </message>
 </context>
 <context>
@@ -666,6 +689,10 @@ Geändert: %3
     <message>
         <source>A folder, pipe or device stands where a file is wanted.</source>
         <translation>Wo eine Datei gebraucht wird, ist ein Ordner, eine Pipe oder ein Gerät.</translation>
+    </message>
+    <message>
+        <source>Another program has written the file meanwhile. Try again.</source>
+        <translation>Ein anderes Programm hat die Datei inzwischen geschrieben. Versuchen Sie es noch einmal.</translation>
     </message>
 </context>
 <context>
@@ -962,6 +989,14 @@ Geändert: %3
     <message>
         <source>Subcommands</source>
         <translation>Befehle</translation>
+    </message>
+    <message>
+        <source>Folders, movies and clips to open</source>
+        <translation>Ordner, Filme und Clips, die geöffnet werden</translation>
+    </message>
+    <message>
+        <source>%1: no such file or folder, nor a command</source>
+        <translation>%1: keine Datei, kein Ordner und kein Befehl</translation>
     </message>
 </context>
 <context>
@@ -1322,6 +1357,13 @@ Geändert: %3
     <message>
         <source>Recover selected takes</source>
         <translation>Ausgewählte Takes retten</translation>
+    </message>
+</context>
+<context>
+    <name>RotatingFile</name>
+    <message>
+        <source>Other programs keep replacing the file.</source>
+        <translation>Andere Programme ersetzen die Datei immer wieder.</translation>
     </message>
 </context>
 <context>
@@ -2072,6 +2114,24 @@ Geändert: %3
         <source>About Marquill ...</source>
         <translation>Über Marquill ...</translation>
     </message>
+    <message>
+        <source>There is no log</source>
+        <translation>Es gibt kein Protokoll</translation>
+    </message>
+    <message>
+        <source>Nothing has been written into the log yet, or its disk could not take it.
+%1</source>
+        <translation>In das Protokoll wurde noch nichts geschrieben, oder sein Datenträger konnte es nicht aufnehmen.
+%1</translation>
+    </message>
+    <message>
+        <source>Show Day Timeline</source>
+        <translation>Tagesverlauf einblenden</translation>
+    </message>
+    <message>
+        <source>Show Log</source>
+        <translation>Protokoll zeigen</translation>
+    </message>
 </context>
 <context>
     <name>marquill::ClipAttributes</name>
@@ -2334,6 +2394,14 @@ Drücken Sie Strg-Leertaste, um einen Take zu beginnen, oder importieren Sie Fil
         <source>Delete clips</source>
         <translation>Clips löschen</translation>
     </message>
+    <message>
+        <source>Hide Day Timeline</source>
+        <translation>Tagesverlauf ausblenden</translation>
+    </message>
+    <message>
+        <source>Show Day Timeline</source>
+        <translation>Tagesverlauf einblenden</translation>
+    </message>
 </context>
 <context>
     <name>marquill::ClipManagerToolbar</name>
@@ -2503,6 +2571,14 @@ Drücken Sie Strg-Leertaste, um einen Take zu beginnen, oder importieren Sie Fil
         <source>No clip can have the name “%1”.</source>
         <translation>Kein Clip kann „%1“ heißen.</translation>
     </message>
+    <message>
+        <source>%1 shown</source>
+        <translation>%1 gezeigt</translation>
+    </message>
+    <message>
+        <source>%1 shown, %2 outside the search</source>
+        <translation>%1 gezeigt, %2 außerhalb der Suche</translation>
+    </message>
 </context>
 <context>
     <name>marquill::ClipTableModel</name>
@@ -2575,6 +2651,76 @@ Drücken Sie Strg-Leertaste, um einen Take zu beginnen, oder importieren Sie Fil
     <message>
         <source>“%1” and %2 other clips could not be saved: %3</source>
         <translation>„%1“ und %2 weitere Clips konnten nicht gesichert werden: %3</translation>
+    </message>
+    <message>
+        <source>“%1” could not be saved: Somebody else has changed it too.</source>
+        <translation>„%1“ konnte nicht gesichert werden: Jemand anders hat ihn auch geändert.</translation>
+    </message>
+</context>
+<context>
+    <name>marquill::DayStrip</name>
+    <message>
+        <source>Previous day</source>
+        <translation>Voriger Tag</translation>
+    </message>
+    <message>
+        <source>Next day</source>
+        <translation>Nächster Tag</translation>
+    </message>
+    <message>
+        <source>1 take</source>
+        <translation>1 Take</translation>
+    </message>
+    <message>
+        <source>%1 takes</source>
+        <translation>%1 Takes</translation>
+    </message>
+    <message>
+        <source>No take selected</source>
+        <translation>Kein Take ausgewählt</translation>
+    </message>
+    <message>
+        <source>Take %1 of %2, %3, %4</source>
+        <translation>Take %1 von %2, %3, %4</translation>
+    </message>
+    <message>
+        <source>%1, take %2</source>
+        <translation>%1, Take %2</translation>
+    </message>
+    <message>
+        <source>%1, duration %2</source>
+        <translation>%1, Dauer %2</translation>
+    </message>
+    <message>
+        <source>1 marker</source>
+        <translation>1 Marker</translation>
+    </message>
+    <message>
+        <source>%1 markers</source>
+        <translation>%1 Marker</translation>
+    </message>
+    <message>
+        <source>Not among the clips found</source>
+        <translation>Nicht unter den gefundenen Clips</translation>
+    </message>
+    <message>
+        <source>Day %1 of %2</source>
+        <translation>Tag %1 von %2</translation>
+    </message>
+    <message>
+        <source>1 clip without a date is not shown</source>
+        <translation>1 Clip ohne Datum wird nicht gezeigt</translation>
+    </message>
+    <message>
+        <source>%1 clips without a date are not shown</source>
+        <translation>%1 Clips ohne Datum werden nicht gezeigt</translation>
+    </message>
+</context>
+<context>
+    <name>marquill::DayTimelineView</name>
+    <message>
+        <source>Day timeline</source>
+        <translation>Tagesverlauf</translation>
     </message>
 </context>
 <context>
@@ -3042,6 +3188,33 @@ Drücken Sie Strg-Leertaste, um einen Take zu beginnen, oder importieren Sie Fil
     <message>
         <source>Please stop recording before closing the window.</source>
         <translation>Bitte stoppen Sie die Aufnahme, bevor Sie das Fenster schließen.</translation>
+    </message>
+</context>
+<context>
+    <name>marquill::OpenedFiles</name>
+    <message>
+        <source>“%1” cannot be found</source>
+        <translation>„%1“ ist nicht zu finden</translation>
+    </message>
+    <message>
+        <source>%1 files cannot be found</source>
+        <translation>%1 Dateien sind nicht zu finden</translation>
+    </message>
+    <message>
+        <source>“%1” is neither a movie nor a clip</source>
+        <translation>„%1“ ist weder ein Film noch ein Clip</translation>
+    </message>
+    <message>
+        <source>“%1” has no clip yet</source>
+        <translation>„%1“ hat noch keinen Clip</translation>
+    </message>
+    <message>
+        <source>%1 movies have no clip yet</source>
+        <translation>%1 Filme haben noch keinen Clip</translation>
+    </message>
+    <message>
+        <source>Import as Placeholder</source>
+        <translation>Als Platzhalter importieren</translation>
     </message>
 </context>
 <context>

@@ -113,6 +113,17 @@
     </message>
 </context>
 <context>
+    <name>ClipFilter</name>
+    <message>
+        <source>rating: needs a number from 0 to 5</source>
+        <translation>rating: demande un nombre de 0 à 5</translation>
+    </message>
+    <message>
+        <source>connected: needs yes, no or offline</source>
+        <translation>connected: demande yes, no ou offline</translation>
+    </message>
+</context>
+<context>
     <name>ClipManager</name>
     <message>
         <source>Clip Manager</source>
@@ -381,6 +392,10 @@ Modifié&#xa0;: %3
         <translation>Chemin&#xa0;: %1
 </translation>
     </message>
+    <message>
+        <source>Another program has written the movie meanwhile. Try again.</source>
+        <translation>Un autre programme a écrit le film entre-temps. Réessayez.</translation>
+    </message>
 </context>
 <context>
     <name>ClipTableModel</name>
@@ -641,6 +656,10 @@ Modifié&#xa0;: %3
         <source>The volume knows no file locks.</source>
         <translation>Le volume ne connaît pas les verrous de fichiers.</translation>
     </message>
+    <message>
+        <source>A folder or a link stands where a file is wanted.</source>
+        <translation>Un dossier ou un lien se trouve là où il faut un fichier.</translation>
+    </message>
 </context>
 <context>
     <name>FileSystem</name>
@@ -651,6 +670,10 @@ Modifié&#xa0;: %3
     <message>
         <source>The link points to a name that is no text.</source>
         <translation>Le lien désigne un nom qui n’est pas du texte.</translation>
+    </message>
+    <message>
+        <source>A folder or a device stands where a file is wanted.</source>
+        <translation>Un dossier ou un périphérique se trouve là où il faut un fichier.</translation>
     </message>
 </context>
 <context>
@@ -666,6 +689,10 @@ Modifié&#xa0;: %3
     <message>
         <source>A folder, pipe or device stands where a file is wanted.</source>
         <translation>Un dossier, un tube ou un périphérique se trouve là où il faut un fichier.</translation>
+    </message>
+    <message>
+        <source>Another program has written the file meanwhile. Try again.</source>
+        <translation>Un autre programme a écrit le fichier entre-temps. Réessayez.</translation>
     </message>
 </context>
 <context>
@@ -962,6 +989,14 @@ Modifié&#xa0;: %3
     <message>
         <source>Subcommands</source>
         <translation>Commandes</translation>
+    </message>
+    <message>
+        <source>Folders, movies and clips to open</source>
+        <translation>Dossiers, films et clips à ouvrir</translation>
+    </message>
+    <message>
+        <source>%1: no such file or folder, nor a command</source>
+        <translation>%1 : ni fichier, ni dossier, ni commande</translation>
     </message>
 </context>
 <context>
@@ -1322,6 +1357,13 @@ Modifié&#xa0;: %3
     <message>
         <source>Recover selected takes</source>
         <translation>Récupérer les prises sélectionnées</translation>
+    </message>
+</context>
+<context>
+    <name>RotatingFile</name>
+    <message>
+        <source>Other programs keep replacing the file.</source>
+        <translation>D’autres programmes ne cessent de remplacer le fichier.</translation>
     </message>
 </context>
 <context>
@@ -1791,11 +1833,11 @@ Modifié&#xa0;: %3
     </message>
     <message>
         <source>Undo</source>
-        <translation>Annuler</translation>
+        <translation>Défaire</translation>
     </message>
     <message>
         <source>Redo</source>
-        <translation>Rétablir</translation>
+        <translation>Refaire</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -2072,6 +2114,24 @@ Modifié&#xa0;: %3
         <source>About Marquill ...</source>
         <translation>À propos de Marquill ...</translation>
     </message>
+    <message>
+        <source>There is no log</source>
+        <translation>Il n’y a pas de journal</translation>
+    </message>
+    <message>
+        <source>Nothing has been written into the log yet, or its disk could not take it.
+%1</source>
+        <translation>Rien n’a encore été écrit dans le journal, ou son disque n’a pas pu le recevoir.
+%1</translation>
+    </message>
+    <message>
+        <source>Show Day Timeline</source>
+        <translation>Afficher la frise du jour</translation>
+    </message>
+    <message>
+        <source>Show Log</source>
+        <translation>Montrer le journal</translation>
+    </message>
 </context>
 <context>
     <name>marquill::ClipAttributes</name>
@@ -2334,6 +2394,14 @@ Appuyez sur Ctrl-Espace pour commencer une prise, ou importez des films.</transl
         <source>Delete clips</source>
         <translation>Supprimer les clips</translation>
     </message>
+    <message>
+        <source>Hide Day Timeline</source>
+        <translation>Masquer la frise du jour</translation>
+    </message>
+    <message>
+        <source>Show Day Timeline</source>
+        <translation>Afficher la frise du jour</translation>
+    </message>
 </context>
 <context>
     <name>marquill::ClipManagerToolbar</name>
@@ -2503,6 +2571,14 @@ Appuyez sur Ctrl-Espace pour commencer une prise, ou importez des films.</transl
         <source>No clip can have the name “%1”.</source>
         <translation>Aucun clip ne peut s’appeler «&#xa0;%1&#xa0;».</translation>
     </message>
+    <message>
+        <source>%1 shown</source>
+        <translation>%1 affichés</translation>
+    </message>
+    <message>
+        <source>%1 shown, %2 outside the search</source>
+        <translation>%1 affichés, %2 hors de la recherche</translation>
+    </message>
 </context>
 <context>
     <name>marquill::ClipTableModel</name>
@@ -2575,6 +2651,76 @@ Appuyez sur Ctrl-Espace pour commencer une prise, ou importez des films.</transl
     <message>
         <source>“%1” and %2 other clips could not be saved: %3</source>
         <translation>«&#xa0;%1&#xa0;» et %2 autres clips n’ont pas pu être enregistrés&#xa0;: %3</translation>
+    </message>
+    <message>
+        <source>“%1” could not be saved: Somebody else has changed it too.</source>
+        <translation>«&#xa0;%1&#xa0;» n’a pas pu être enregistré&#xa0;: quelqu’un d’autre l’a aussi modifié.</translation>
+    </message>
+</context>
+<context>
+    <name>marquill::DayStrip</name>
+    <message>
+        <source>Previous day</source>
+        <translation>Jour précédent</translation>
+    </message>
+    <message>
+        <source>Next day</source>
+        <translation>Jour suivant</translation>
+    </message>
+    <message>
+        <source>1 take</source>
+        <translation>1 prise</translation>
+    </message>
+    <message>
+        <source>%1 takes</source>
+        <translation>%1 prises</translation>
+    </message>
+    <message>
+        <source>No take selected</source>
+        <translation>Aucune prise sélectionnée</translation>
+    </message>
+    <message>
+        <source>Take %1 of %2, %3, %4</source>
+        <translation>Prise %1 sur %2, %3, %4</translation>
+    </message>
+    <message>
+        <source>%1, take %2</source>
+        <translation>%1, prise %2</translation>
+    </message>
+    <message>
+        <source>%1, duration %2</source>
+        <translation>%1, durée %2</translation>
+    </message>
+    <message>
+        <source>1 marker</source>
+        <translation>1 marqueur</translation>
+    </message>
+    <message>
+        <source>%1 markers</source>
+        <translation>%1 marqueurs</translation>
+    </message>
+    <message>
+        <source>Not among the clips found</source>
+        <translation>Pas parmi les clips trouvés</translation>
+    </message>
+    <message>
+        <source>Day %1 of %2</source>
+        <translation>Jour %1 sur %2</translation>
+    </message>
+    <message>
+        <source>1 clip without a date is not shown</source>
+        <translation>1 clip sans date n’est pas affiché</translation>
+    </message>
+    <message>
+        <source>%1 clips without a date are not shown</source>
+        <translation>%1 clips sans date ne sont pas affichés</translation>
+    </message>
+</context>
+<context>
+    <name>marquill::DayTimelineView</name>
+    <message>
+        <source>Day timeline</source>
+        <translation>Frise du jour</translation>
     </message>
 </context>
 <context>
@@ -3042,6 +3188,33 @@ Appuyez sur Ctrl-Espace pour commencer une prise, ou importez des films.</transl
     <message>
         <source>Please stop recording before closing the window.</source>
         <translation>Veuillez arrêter l’enregistrement avant de fermer la fenêtre.</translation>
+    </message>
+</context>
+<context>
+    <name>marquill::OpenedFiles</name>
+    <message>
+        <source>“%1” cannot be found</source>
+        <translation>«&#xa0;%1&#xa0;» est introuvable</translation>
+    </message>
+    <message>
+        <source>%1 files cannot be found</source>
+        <translation>%1 fichiers sont introuvables</translation>
+    </message>
+    <message>
+        <source>“%1” is neither a movie nor a clip</source>
+        <translation>«&#xa0;%1&#xa0;» n’est ni un film ni un clip</translation>
+    </message>
+    <message>
+        <source>“%1” has no clip yet</source>
+        <translation>«&#xa0;%1&#xa0;» n’a pas encore de clip</translation>
+    </message>
+    <message>
+        <source>%1 movies have no clip yet</source>
+        <translation>%1 films n’ont pas encore de clip</translation>
+    </message>
+    <message>
+        <source>Import as Placeholder</source>
+        <translation>Importer comme clip provisoire</translation>
     </message>
 </context>
 <context>

@@ -71,10 +71,12 @@ void translateHelp(CLI::App& parser) {
 
 // What begins like a command and is none is no file by mere chance: it is told at once, without a window.
 std::string checkPath(const std::string& argument) {
-    return fileExists(pathOfArgument(argument))
-               ? std::string()
-               : text(OptionTexts::tr("%1: no such file or folder, nor a command")
-                          .arg(QString::fromStdString(argument)));
+    if (fileExists(pathOfArgument(argument))) {
+        return {};
+    }
+    const QString path = QString::fromStdString(argument);
+    return text(
+        QCoreApplication::translate("Options", "%1: no such file or folder, nor a command").arg(path));
 }
 
 QStringList fullPaths(const std::vector<std::string>& arguments) {

@@ -54,7 +54,9 @@ Result<FileStamp> updateMovie(const ClipInfo& info, const QString& path,
                               const std::optional<FileStamp>& expected) {
     if (expected && fileStamp(path) != *expected) {
         return failure(ErrorCode::changedMeanwhile,
-                       u"Another program has written the movie meanwhile. Try again."_s, path);
+                       QCoreApplication::translate(
+                           "ClipStore", "Another program has written the movie meanwhile. Try again."),
+                       path);
     }
     if (const auto updated = ClipStoreMovies::update(info, path); !updated) {
         return std::unexpected(updated.error().error);

@@ -3,6 +3,8 @@
 #include "platform/FileLock.h"
 #include "platform/Files.h"
 
+#include <QCoreApplication>
+
 #include <thread>
 
 namespace marquill {
@@ -57,7 +59,9 @@ Result<void> RotatingFile::append(QByteArrayView lines) {
             return rotated;
         }
     }
-    return failure(ErrorCode::changedMeanwhile, u"Other programs keep replacing the file."_s, _path);
+    return failure(ErrorCode::changedMeanwhile,
+                   QCoreApplication::translate("RotatingFile", "Other programs keep replacing the file."),
+                   _path);
 }
 
 Result<void> RotatingFile::write(qint64 offset, QByteArrayView lines) {

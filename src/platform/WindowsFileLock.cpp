@@ -4,6 +4,8 @@
 #include "platform/WindowsError.h"
 #include "platform/WindowsHandle.h"
 
+#include <QCoreApplication>
+
 namespace marquill {
 
 namespace {
@@ -37,15 +39,18 @@ Result<std::unique_ptr<FileLock>> FileLock::take(const QString& path) {
         return std::unexpected(windowsError(GetLastError(), path));
     }
     if (information.dwFileAttributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT)) {
-        return failure(ErrorCode::notAFile,
-                       QStringLiteral("A folder or a link stands where a file is wanted."), path);
+        return failure(
+            ErrorCode::notAFile,
+            QCoreApplication::translate("FileLock", "A folder or a link stands where a file is wanted."),
+            path);
     }
     OVERLAPPED place = {};
     place.OffsetHigh = lockedByteHigh;
     if (!LockFileEx(file.get(), LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &place)) {
         const DWORD number = GetLastError();
         if (number == ERROR_LOCK_VIOLATION || number == ERROR_IO_PENDING) {
-            return failure(ErrorCode::alreadyExists, QStringLiteral("Another running program uses the file."),
+            return failure(ErrorCode::alreadyExists,
+                           QCoreApplication::translate("FileLock", "Another running program uses the file."),
                            path);
         }
         return std::unexpected(windowsError(number, path));

@@ -4,6 +4,8 @@
 #include "platform/WindowsError.h"
 #include "platform/WindowsHandle.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <concepts>
 
@@ -227,8 +229,10 @@ Result<std::unique_ptr<OpenFile>> WindowsFileSystem::open(const QString& path, O
         return std::unexpected(attributes.error());
     }
     if (attributes->type != FileType::regular || GetFileType(file.get()) != FILE_TYPE_DISK) {
-        return failure(ErrorCode::notAFile,
-                       QStringLiteral("A folder or a device stands where a file is wanted."), path);
+        return failure(
+            ErrorCode::notAFile,
+            QCoreApplication::translate("FileSystem", "A folder or a device stands where a file is wanted."),
+            path);
     }
     return std::make_unique<WindowsFile>(std::move(file), *attributes, path);
 }
