@@ -7,6 +7,7 @@
 #include "platform/PropertyListWriter.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QSet>
 #include <QThreadPool>
 
@@ -35,11 +36,26 @@ ClipInfo infoForPlaceholder(const QString& path) {
     return ClipInfo(*record);
 }
 
+/// A folder that others can write may hold links that lead to any file of the user's.
+bool isLinkOutOf(const QString& folder, const QString& path) {
+    const Result<FileAttributes> attributes = FileSystem::current().attributes(path, Links::keep);
+    return attributes && attributes->type == FileType::symbolicLink &&
+           !QFileInfo(path).canonicalFilePath().startsWith(QFileInfo(folder).canonicalFilePath() + u'/');
+}
+
 Result<FileStamp> updatePlaceholder(const ClipInfo& info, const QString& path,
                                     const std::optional<FileStamp>& expected) {
     if (!fileExists(path)) {
         return failure(ErrorCode::notFound,
                        QCoreApplication::translate("ClipStore", "The clip's file is not there any more."),
+                       path);
+    }
+    if (isLinkOutOf(parentFolder(path), path)) {
+        return failure(ErrorCode::unsupported,
+                       QCoreApplication::translate("ClipStore",
+                                                   "The clip's file is a link out of its folder, and what it "
+                                                   "leads to is left as it is. Put the file itself into the "
+                                                   "folder."),
                        path);
     }
     Result<QByteArray> bytes = writePropertyList(info.record());

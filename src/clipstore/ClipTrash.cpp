@@ -11,13 +11,12 @@ bool isClipName(const QString& name) {
     return name.endsWith(".mov"_L1) || name.endsWith(".xml"_L1);
 }
 
-/// The names in a trash; none where there is no trash.
-QStringList namesInTrash(const QString& trash) {
-    const Result<FileAttributes> attributes = FileSystem::current().attributes(trash, Links::keep);
-    if (!attributes || attributes->type != FileType::folder) {
+/// The names in the trash of a folder; none where there is no trash.
+QStringList namesInTrash(const QString& folder) {
+    if (!ClipTrash::hasTrash(folder)) {
         return {};
     }
-    const Result<QStringList> names = FileSystem::current().list(trash);
+    const Result<QStringList> names = FileSystem::current().list(ClipTrash::trashFolder(folder));
     if (!names) {
         qCWarning(logClipStore).noquote() << names.error().description();
     }
@@ -30,13 +29,18 @@ QString ClipTrash::trashFolder(const QString& folder) {
     return joinPath(folder, u"Trash"_s);
 }
 
+bool ClipTrash::hasTrash(const QString& folder) {
+    const Result<FileAttributes> attributes =
+        FileSystem::current().attributes(trashFolder(folder), Links::keep);
+    return attributes && attributes->type == FileType::folder;
+}
+
 QStringList ClipTrash::getTrashClips(const QStringList& folders) {
     QStringList paths;
     for (const QString& folder : folders) {
-        const QString trash = trashFolder(folder);
-        for (const QString& name : namesInTrash(trash)) {
+        for (const QString& name : namesInTrash(folder)) {
             if (isClipName(name)) {
-                paths.append(joinPath(trash, name));
+                paths.append(joinPath(trashFolder(folder), name));
             }
         }
     }

@@ -11,6 +11,8 @@ class ClipTrash {
   public:
     /// Where the clips deleted from the record folder `folder` are: "FOLDER/Trash".
     static QString trashFolder(const QString& folder);
+    /// Whether it is there, as a folder of its own: what a symbolic link leads to is nobody's trash.
+    static bool hasTrash(const QString& folder);
 
     /// The full paths of the clips in the trash of these record folders, folder by folder, each in the order
     /// the file system lists it: what ends in ".mov" or ".xml", "tmp_" at the front or not. A trash that is a

@@ -21,6 +21,16 @@ bool canBeOpened(const ClipInfo& clip) {
     return !ClipStore::isProxyClip(clip) || ClipStore::isConnected(clip);
 }
 
+// Endings of movies, and of what cameras write. A record may come from a stranger and name any file as its
+// medium; what a desktop would run, and not play, is never handed to it.
+bool isMedium(const QString& path) {
+    static const QSet<QString> endings{u"mov"_s, u"qt"_s,   u"mp4"_s, u"m4v"_s,  u"mxf"_s,  u"r3d"_s,
+                                       u"rdc"_s, u"avi"_s,  u"dv"_s,  u"mts"_s,  u"m2ts"_s, u"m2t"_s,
+                                       u"mpg"_s, u"mpeg"_s, u"mkv"_s, u"webm"_s, u"braw"_s, u"ari"_s,
+                                       u"3gp"_s, u"wav"_s,  u"aif"_s, u"aiff"_s, u"mp3"_s,  u"m4a"_s};
+    return endings.contains(pathExtension(path).toLower());
+}
+
 QString connectAgain() {
     return ClipTableController::tr("Please connect to clip again.");
 }
@@ -104,6 +114,11 @@ void ClipTableController::showClipInFinder() {
 }
 
 void ClipTableController::openInDefaultPlayer(const QString& path) {
+    if (!isMedium(path)) {
+        showAlert(tr("This is no movie"),
+                  tr("“%1” is not opened: its name is not that of a movie.").arg(path));
+        return;
+    }
     if (!QDesktopServices::openUrl(QUrl::fromLocalFile(path))) {
         qCWarning(logConnect).noquote() << path + u": no program opens it"_s;
     }

@@ -1,5 +1,6 @@
 // The clip table's operations that move files and replace records, each with its inverse.
 #include "clipstore/ClipStore.h"
+#include "clipstore/ClipTrash.h"
 #include "connect/ClipSelectionChange.h"
 #include "platform/Files.h"
 #include "platform/Log.h"
@@ -21,7 +22,7 @@ QString deleteTitle() {
 }
 
 QString trashOf(const QString& folder) {
-    return joinPath(folder, u"Trash"_s);
+    return ClipTrash::trashFolder(folder);
 }
 
 Result<QString> placeOf(const QString& clipName, const QString& folder) {
@@ -37,6 +38,11 @@ Result<void> moveIntoTrash(const QString& clipName, const QString& folder) {
     const Result<QString> from = placeOf(clipName, folder);
     if (!from) {
         return std::unexpected(from.error());
+    }
+    if (!ClipTrash::hasTrash(folder)) {
+        return failure(ErrorCode::notAFile,
+                       ClipTableController::tr("What has this name is no trash folder. Rename or remove it."),
+                       trashOf(folder));
     }
     const QString to = joinPath(trashOf(folder), clipName);
     if (folderExists(to) && fileExists(*from)) {
@@ -131,7 +137,7 @@ void ClipTableController::undoDeleteClipsWithUndo(const ClipSet& set) {
 void ClipTableController::moveToTrash(const ClipSet& set, ClipSetOperation inverse,
                                       const QString& actionName) {
     const QString folder = presentFolder(set.clipFolder);
-    if (!folderExists(trashOf(folder)) && !FileSystem::current().makeFolder(trashOf(folder))) {
+    if (!ClipTrash::hasTrash(folder) && !FileSystem::current().makeFolder(trashOf(folder))) {
         qCWarning(logConnect, "Couldn't create trash folder");
     }
     ClipSet moved{.clipFolder = folder, .clipArray = {}};
@@ -156,7 +162,7 @@ void ClipTableController::moveToTrash(const ClipSet& set, ClipSetOperation inver
 void ClipTableController::moveFromTrash(const ClipSet& set, ClipSetOperation inverse,
                                         const QString& actionName) {
     const QString folder = presentFolder(set.clipFolder);
-    if (!folderExists(trashOf(folder))) {
+    if (!ClipTrash::hasTrash(folder)) {
         qCWarning(logConnect, "No trash folder found");
         return;
     }

@@ -177,6 +177,34 @@ class PanaP2Test : public QObject {
         QCOMPARE(read(dated("2009")), -1);
     }
 
+    // A card may come from anywhere.
+
+    void entitiesAreNeverExpanded() {
+        make(u"secret"_s, "2009-03-18T15:30:45+09:00");
+        QByteArray doctype = "<!DOCTYPE P2Main [<!ENTITY e SYSTEM \"file://" + path(u"secret"_s).toUtf8() +
+                             "\"><!ENTITY l0 \"2009-03-18\">";
+        for (int level = 1; level < 30; ++level) {
+            const QByteArray before = "&l" + QByteArray::number(level - 1) + ';';
+            doctype += "<!ENTITY l" + QByteArray::number(level) + " \"" + before.repeated(10) + "\">";
+        }
+        for (const QByteArray& entity : {"&e;"_ba, "&l29;"_ba, "&l0;"_ba}) {
+            const QString expected = u"Error reading date time in xml file at: %1, str: %2"_s.arg(
+                path(u"0001AB.XML"_s), QString::fromLatin1(entity));
+            QTest::ignoreMessage(QtWarningMsg, qPrintable(expected));
+            QCOMPARE(read(doctype + "]><P2Main><CreationDate>" + entity + "</CreationDate></P2Main>"), -1);
+        }
+    }
+
+    void hostileNestingOverflowsNothing() {
+        constexpr int depth = 1'000'000;
+        QCOMPARE(read(QByteArray("<a>").repeated(depth) +
+                      "<CreationDate>2009-03-18T15:30:45+09:00</CreationDate>" +
+                      QByteArray("</a>").repeated(depth)),
+                 1237357845.0);
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"^Error reading xml file at: "_s));
+        QCOMPARE(read(QByteArray("<a>").repeated(depth)), -1);
+    }
+
     // Folders
 
     void onlyTheExtensionXmlInUpperCaseIsRead() {
