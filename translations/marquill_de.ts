@@ -319,6 +319,10 @@
 <context>
     <name>ClipStore</name>
     <message>
+        <source>The clip&apos;s file is a link out of its folder, and what it leads to is left as it is. Put the file itself into the folder.</source>
+        <translation>Die Datei des Clips ist eine Verknüpfung aus ihrem Ordner hinaus; worauf sie zeigt, bleibt, wie es ist. Legen Sie die Datei selbst in den Ordner.</translation>
+    </message>
+    <message>
         <source>The clip&apos;s file is not there any more.</source>
         <translation>Die Datei des Clips ist nicht mehr da.</translation>
     </message>
@@ -1851,6 +1855,20 @@ Geändert: %3
 <context>
     <name>marquill::Application</name>
     <message>
+        <source>Show Log</source>
+        <translation>Protokoll anzeigen</translation>
+    </message>
+    <message>
+        <source>Nothing has been written into the log yet, or its disk could not take it.
+%1</source>
+        <translation>Noch wurde nichts ins Protokoll geschrieben, oder seine Festplatte konnte es nicht aufnehmen.
+%1</translation>
+    </message>
+    <message>
+        <source>There is no log</source>
+        <translation>Es gibt kein Protokoll</translation>
+    </message>
+    <message>
         <source>Quit Marquill?</source>
         <translation>Marquill beenden?</translation>
     </message>
@@ -2487,6 +2505,18 @@ Drücken Sie Strg-Leertaste, um einen Take zu beginnen, oder importieren Sie Fil
 </context>
 <context>
     <name>marquill::ClipTableController</name>
+    <message>
+        <source>What has this name is no trash folder. Rename or remove it.</source>
+        <translation>Was diesen Namen hat, ist kein Papierkorb-Ordner. Benennen Sie es um, oder entfernen Sie es.</translation>
+    </message>
+    <message>
+        <source>“%1” is not opened: its name is not that of a movie.</source>
+        <translation>„%1“ wird nicht geöffnet: Der Name ist nicht der eines Films.</translation>
+    </message>
+    <message>
+        <source>This is no movie</source>
+        <translation>Das ist kein Film</translation>
+    </message>
     <message>
         <source>Please connect to clip again.</source>
         <translation>Bitte verknüpfen Sie den Clip neu.</translation>
@@ -3470,6 +3500,13 @@ Drücken Sie Strg-Leertaste, um einen Take zu beginnen, oder importieren Sie Fil
     <message>
         <source>Only %1 MB are free where takes are saved.</source>
         <translation>Wo Takes gesichert werden, sind nur noch %1 MB frei.</translation>
+    </message>
+</context>
+<context>
+    <name>LogFile</name>
+    <message>
+        <source>The log cannot be written: %1</source>
+        <translation>Das Protokoll kann nicht geschrieben werden: %1</translation>
     </message>
 </context>
 </TS>

@@ -319,6 +319,10 @@
 <context>
     <name>ClipStore</name>
     <message>
+        <source>The clip&apos;s file is a link out of its folder, and what it leads to is left as it is. Put the file itself into the folder.</source>
+        <translation>Le fichier du clip est un lien qui mène hors de son dossier ; ce à quoi il mène reste tel quel. Placez le fichier lui-même dans le dossier.</translation>
+    </message>
+    <message>
         <source>The clip&apos;s file is not there any more.</source>
         <translation>Le fichier du clip n’est plus là.</translation>
     </message>
@@ -1851,6 +1855,20 @@ Modifié&#xa0;: %3
 <context>
     <name>marquill::Application</name>
     <message>
+        <source>Show Log</source>
+        <translation>Afficher le journal</translation>
+    </message>
+    <message>
+        <source>Nothing has been written into the log yet, or its disk could not take it.
+%1</source>
+        <translation>Rien n’a encore été écrit dans le journal, ou son disque n’a pas pu le recevoir.
+%1</translation>
+    </message>
+    <message>
+        <source>There is no log</source>
+        <translation>Il n’y a pas de journal</translation>
+    </message>
+    <message>
         <source>Quit Marquill?</source>
         <translation>Quitter Marquill&#xa0;?</translation>
     </message>
@@ -2487,6 +2505,18 @@ Appuyez sur Ctrl-Espace pour commencer une prise, ou importez des films.</transl
 </context>
 <context>
     <name>marquill::ClipTableController</name>
+    <message>
+        <source>What has this name is no trash folder. Rename or remove it.</source>
+        <translation>Ce qui porte ce nom n’est pas un dossier de corbeille. Renommez-le ou supprimez-le.</translation>
+    </message>
+    <message>
+        <source>“%1” is not opened: its name is not that of a movie.</source>
+        <translation>« %1 » n’est pas ouvert : son nom n’est pas celui d’un film.</translation>
+    </message>
+    <message>
+        <source>This is no movie</source>
+        <translation>Ce n’est pas un film</translation>
+    </message>
     <message>
         <source>Please connect to clip again.</source>
         <translation>Veuillez reconnecter le clip.</translation>
@@ -3470,6 +3500,13 @@ Appuyez sur Ctrl-Espace pour commencer une prise, ou importez des films.</transl
     <message>
         <source>Only %1 MB are free where takes are saved.</source>
         <translation>Il ne reste que %1 Mo là où les prises sont enregistrées.</translation>
+    </message>
+</context>
+<context>
+    <name>LogFile</name>
+    <message>
+        <source>The log cannot be written: %1</source>
+        <translation>Le journal ne peut pas être écrit : %1</translation>
     </message>
 </context>
 </TS>

@@ -6,6 +6,8 @@
 #include "platform/RotatingFile.h"
 #include "platform/StateFolder.h"
 
+#include <QCoreApplication>
+
 #include <condition_variable>
 #include <cstdio>
 #include <mutex>
@@ -120,7 +122,8 @@ class LogFile::Writer {
     // Once, as a disk stays full for long; and not through the log, which would only fail again.
     void tell(const Error& error) {
         if (!std::exchange(_isTold, true)) {
-            const QByteArray text = "The log cannot be written: " + error.description().toUtf8() + '\n';
+            const QString told = QCoreApplication::translate("LogFile", "The log cannot be written: %1");
+            const QByteArray text = told.arg(error.description()).toUtf8() + '\n';
             std::fwrite(text.constData(), 1, static_cast<std::size_t>(text.size()), stderr);
         }
     }
