@@ -1,7 +1,7 @@
 // Merging what two have made of one clip's record, key by key. Pure functions over records, any thread.
 #pragma once
 
-#include "clipstore/ClipInfo.h"
+#include "clipstore/ClipPrint.h"
 
 #include <vector>
 
@@ -33,7 +33,7 @@ struct ClipMerge {
 /// one by one: what either side added, changed or removed is so; they are a conflict when one marker was
 /// changed on both sides. What showing a clip adds to its record is no change of a person's and no conflict:
 /// its take as the name has it, the date of its file, the size and the length of its media.
-ClipMerge mergeClips(const ClipInfo& base, const ClipInfo& mine, const ClipInfo& theirs,
+ClipMerge mergeClips(const ClipPrint& base, const ClipInfo& mine, const ClipInfo& theirs,
                      ClipPreference preference = ClipPreference::ask);
 
 /// Gives `clip` the keys of `merged`; the record stays the same one. Whether it had others.

@@ -93,7 +93,7 @@ std::vector<ClipFile> readClipFiles(const QString& folder, const QStringList& na
         file.stamp = fileStamp(path).value_or(FileStamp());
         file.clip = ClipStore::infoForClip(path);
         if (file.clip) {
-            file.held = file.clip->deepCopy();
+            file.held = std::make_shared<const ClipPrint>(*file.clip);
         }
     });
     return files;

@@ -30,19 +30,17 @@ std::optional<QString> formerName(const KnownFolder& known, const QMultiHash<qui
     return std::nullopt;
 }
 
-std::optional<Date> beginningOf(const ClipInfo& clip) {
-    const std::optional<Date> start = clip.clipRecordingStartTime();
-    return start ? start : clip.clipCreationDate();
+// Seconds.
+std::optional<double> startOf(const std::optional<ClipInfo>& clip) {
+    const std::optional<Date> recorded = clip ? clip->clipRecordingStartTime() : std::nullopt;
+    const std::optional<Date> start = recorded || !clip ? recorded : clip->clipCreationDate();
+    return start ? std::optional(start->time_since_epoch().count()) : std::nullopt;
 }
 
-// Without what belongs to the name, and what is added to a record by showing it.
-Dictionary enteredPart(const ClipInfo& clip) {
-    Dictionary record = clip.record().copy();
-    for (const QString& key : {ClipKey::clipName, ClipKey::clipTake, ClipKey::clipFileSize,
-                               ClipKey::clipDuration, ClipKey::clipCreationDate}) {
-        record.remove(key);
-    }
-    return record;
+// But for what belongs to the name, and what is added to a record by showing it.
+bool sayTheSame(const ClipPrint& clip, const ClipPrint& other) {
+    return clip.isSame(other, {ClipKey::clipName, ClipKey::clipTake, ClipKey::clipFileSize,
+                               ClipKey::clipDuration, ClipKey::clipCreationDate});
 }
 
 }  // namespace
@@ -97,29 +95,33 @@ FolderDifference compareFolder(const KnownFolder& known, const std::vector<Folde
 
 std::vector<std::pair<QString, std::size_t>> findRenamed(const KnownFolder& known, const QStringList& missing,
                                                          const std::vector<ClipFile>& appeared) {
-    QMultiHash<double, QString> byBeginning;
+    QMultiHash<double, QString> missingByStart;
     for (const QString& name : missing) {
         const auto found = known.constFind(name);
-        const std::optional<Date> begun =
-            found != known.cend() && found->held ? beginningOf(*found->held) : std::nullopt;
-        if (begun) {
-            byBeginning.insert(begun->time_since_epoch().count(), name);
+        if (found != known.cend() && found->held) {
+            if (const std::optional<double> start = startOf(found->clip)) {
+                missingByStart.insert(*start, name);
+            }
+        }
+    }
+    QHash<double, int> appearedByStart;
+    for (const ClipFile& file : appeared) {
+        if (const std::optional<double> start = startOf(file.clip)) {
+            ++appearedByStart[*start];
         }
     }
     std::vector<std::pair<QString, std::size_t>> renamed;
     for (std::size_t i = 0; i < appeared.size(); ++i) {
-        const std::optional<Date> begun = appeared[i].held ? beginningOf(*appeared[i].held) : std::nullopt;
-        if (!begun) {
-            continue;
-        }
-        const double beginning = begun->time_since_epoch().count();
-        for (const QString& name : byBeginning.values(beginning)) {
-            if (pathExtension(name) == pathExtension(appeared[i].name) &&
-                enteredPart(*known.constFind(name)->held) == enteredPart(*appeared[i].held)) {
-                renamed.emplace_back(name, i);
-                byBeginning.remove(beginning, name);
-                break;
-            }
+        const std::optional<double> start = startOf(appeared[i].clip);
+        const QStringList former = start ? QStringList(missingByStart.values(*start)) : QStringList();
+        const bool isOnlyOne = former.size() == 1 && appearedByStart.value(*start) == 1;
+        const auto found = std::ranges::find_if(former, [&](const QString& name) {
+            return pathExtension(name) == pathExtension(appeared[i].name) &&
+                   (isOnlyOne || sayTheSame(*known.constFind(name)->held, *appeared[i].held));
+        });
+        if (found != former.end()) {
+            renamed.emplace_back(*found, i);
+            missingByStart.remove(*start, *found);
         }
     }
     return renamed;

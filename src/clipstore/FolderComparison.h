@@ -38,9 +38,9 @@ struct FolderDifference {
 FolderDifference compareFolder(const KnownFolder& known, const std::vector<FolderFile>& files,
                                Identities identities);
 
-/// Of files that appeared while others went: which were given another name and written in one go, as Marquill
-/// itself does when it renames a clip. From and to, as indexes into `appeared`. They began at the same moment
-/// and say the same in all that a person enters.
+/// Of files that appeared while others went: which were given another name and written anew, as Marquill
+/// itself does when it renames a clip. From and to, the latter as an index into `appeared`. Their takes began
+/// at the same moment; of several that did, those that say the same in all that a person enters.
 std::vector<std::pair<QString, std::size_t>> findRenamed(const KnownFolder& known, const QStringList& missing,
                                                          const std::vector<ClipFile>& appeared);
 

@@ -3,20 +3,21 @@
 // of ofFolder() may be read on another one.
 #pragma once
 
-#include "clipstore/ClipInfo.h"
+#include "clipstore/ClipPrint.h"
 #include "platform/FileStamp.h"
 
 #include <QHash>
 #include <QSet>
 
+#include <memory>
 #include <vector>
 
 namespace marquill {
 
 struct KnownClip {
     FileStamp stamp;
-    std::optional<ClipInfo> held;  ///< a record of its own that never changes; none where the file has none
-    std::optional<ClipInfo> clip;  ///< the record that stands for the file in the program
+    std::shared_ptr<const ClipPrint> held;  ///< what the file held then; null where it has no record
+    std::optional<ClipInfo> clip;           ///< the record that stands for the file in the program
 };
 
 /// What is known of the files of one folder, by their names.
@@ -28,7 +29,7 @@ struct ClipFile {
     QString name;
     FileStamp stamp;
     std::optional<ClipInfo> clip;  ///< none: the file has no record; empty: it cannot be read
-    std::optional<ClipInfo> held;  ///< the same, in a record of its own
+    std::shared_ptr<const ClipPrint> held;
 };
 
 /// The clip files of these names in `folder`, in that order.

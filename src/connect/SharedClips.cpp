@@ -41,7 +41,8 @@ void SharedClips::noteOnDisk(const ClipInfo& clip, const QString& folder) {
 }
 
 void SharedClips::noteWritten(const ClipInfo& clip, const QString& folder, const FileStamp& stamp) {
-    _known.set(folder, nameOf(clip), {.stamp = stamp, .held = clip.deepCopy(), .clip = clip});
+    _known.set(folder, nameOf(clip),
+               {.stamp = stamp, .held = std::make_shared<const ClipPrint>(clip), .clip = clip});
 }
 
 void SharedClips::adopt(const ClipInfo& clip, const QString& folder) {
@@ -95,7 +96,7 @@ std::vector<ClipConflict> SharedClips::merge(const ClipInfo& clip, const QString
                                              const ClipFile& file, const Answer& answer) {
     Q_EMIT aboutToMerge(clip);
     const KnownClip* known = _known.find(folder, file.name);
-    const ClipInfo base = known && known->held ? *known->held : clip;
+    const ClipPrint base = known && known->held ? *known->held : ClipPrint(clip);
     ClipMerge merge = mergeClips(base, clip, *file.clip);
     if (!merge.conflicts.empty() && merge.conflicts == answer.to) {
         merge = mergeClips(base, clip, *file.clip, answer.preference);

@@ -4,6 +4,8 @@
 
 #include <QTest>
 
+#include <algorithm>
+
 using namespace marquill;
 
 namespace {
@@ -29,6 +31,12 @@ ClipInfo withMarkers(const Array& markers) {
     ClipInfo clip = commented({});
     clip.setClipMarkerArray(markers);
     return clip;
+}
+
+std::vector<MarkerPrint> printsOf(const Array& markers) {
+    std::vector<MarkerPrint> prints;
+    std::ranges::transform(markers.values(), std::back_inserter(prints), &MarkerPrint::of);
+    return prints;
 }
 
 QStringList titles(const ClipInfo& clip) {
@@ -72,7 +80,7 @@ class ClipMergeTest : public QObject {
         QFETCH(const QString, theirs);
         QFETCH(const QString, merged);
         QFETCH(const bool, conflict);
-        const ClipMerge merge = mergeClips(commented(base), commented(mine), commented(theirs));
+        const ClipMerge merge = mergeClips(ClipPrint(commented(base)), commented(mine), commented(theirs));
         QCOMPARE(merge.merged, commented(merged));
         QCOMPARE(merge.conflicts.size(), conflict ? std::size_t(1) : std::size_t(0));
         if (conflict) {
@@ -88,7 +96,7 @@ class ClipMergeTest : public QObject {
         ClipInfo theirs = base.deepCopy();
         mine.setClipRating(3);
         theirs.setClipScene(u"7"_s);
-        const ClipMerge merge = mergeClips(base, mine, theirs);
+        const ClipMerge merge = mergeClips(ClipPrint(base), mine, theirs);
         QVERIFY(merge.conflicts.empty());
         QCOMPARE(merge.merged.record(), (Dictionary{{u"clipName"_s, u"A#01.xml"_s},
                                                     {u"clipComment"_s, u"a"_s},
@@ -102,10 +110,10 @@ class ClipMergeTest : public QObject {
         ClipInfo theirs = commented(u"c"_s);
         mine.setClipRating(3);
         theirs.setClipScene(u"7"_s);
-        const ClipMerge kept = mergeClips(base, mine, theirs, ClipPreference::mine);
+        const ClipMerge kept = mergeClips(ClipPrint(base), mine, theirs, ClipPreference::mine);
         QVERIFY(kept.conflicts.empty());
         QCOMPARE(kept.merged.clipComment(), u"b"_s);
-        const ClipMerge taken = mergeClips(base, mine, theirs, ClipPreference::theirs);
+        const ClipMerge taken = mergeClips(ClipPrint(base), mine, theirs, ClipPreference::theirs);
         QVERIFY(taken.conflicts.empty());
         QCOMPARE(taken.merged.clipComment(), u"c"_s);
         for (const ClipMerge& merge : {kept, taken}) {
@@ -117,7 +125,7 @@ class ClipMergeTest : public QObject {
     void keysOfOtherVersionsAreMergedToo() {
         ClipInfo theirs = commented({});
         Dictionary(theirs.record()).set(u"future"_s, Array{1, 2});
-        const ClipMerge merge = mergeClips(commented({}), commented(u"mine"_s), theirs);
+        const ClipMerge merge = mergeClips(ClipPrint(commented({})), commented(u"mine"_s), theirs);
         QCOMPARE(merge.merged.record().array(u"future"_s), (Array{1, 2}));
         QCOMPARE(merge.merged.clipComment(), u"mine"_s);
     }
@@ -133,7 +141,7 @@ class ClipMergeTest : public QObject {
         theirs.setClipFileSize(20);
         theirs.setClipDuration(6);
         theirs.setClipCreationDate(Date(std::chrono::seconds(2)));
-        const ClipMerge merge = mergeClips(commented({}), mine, theirs);
+        const ClipMerge merge = mergeClips(ClipPrint(commented({})), mine, theirs);
         QVERIFY(merge.conflicts.empty());
         QCOMPARE(merge.merged.clipTake(), u"7"_s);
     }
@@ -143,7 +151,7 @@ class ClipMergeTest : public QObject {
         ClipInfo theirs = commented({});
         mine.setClipName(u"B#01.xml"_s);
         theirs.setClipName(u"C#01.xml"_s);
-        const ClipMerge merge = mergeClips(commented({}), mine, theirs);
+        const ClipMerge merge = mergeClips(ClipPrint(commented({})), mine, theirs);
         QVERIFY(merge.conflicts.empty());
         QCOMPARE(merge.merged.clipName(), u"B#01.xml"_s);
     }
@@ -152,19 +160,21 @@ class ClipMergeTest : public QObject {
         const Array base{markerAt(1, u"one"_s), markerAt(2, u"two"_s)};
         const Array mine{markerAt(1, u"one"_s), markerAt(2, u"two"_s), markerAt(3, u"mine"_s)};
         const Array theirs{markerAt(2, u"two"_s), markerAt(4, u"theirs"_s)};
-        const ClipMerge merge = mergeClips(withMarkers(base), withMarkers(mine), withMarkers(theirs));
+        const ClipMerge merge =
+            mergeClips(ClipPrint(withMarkers(base)), withMarkers(mine), withMarkers(theirs));
         QVERIFY(merge.conflicts.empty());
         QCOMPARE(titles(merge.merged), (QStringList{u"two"_s, u"mine"_s, u"theirs"_s}));
     }
 
     void aMarkerThatBothMadeIsOne() {
         const Array both{markerAt(1, u"one"_s)};
-        const ClipMerge merge = mergeClips(withMarkers({}), withMarkers(both), withMarkers(both.deepCopy()));
+        const ClipMerge merge =
+            mergeClips(ClipPrint(withMarkers({})), withMarkers(both), withMarkers(both.deepCopy()));
         QCOMPARE(titles(merge.merged), QStringList{u"one"_s});
     }
 
     void aListThatIsNotThereIsAnEmptyOne() {
-        const ClipMerge merge = mergeClips(commented({}), withMarkers({markerAt(1, u"mine"_s)}),
+        const ClipMerge merge = mergeClips(ClipPrint(commented({})), withMarkers({markerAt(1, u"mine"_s)}),
                                            withMarkers({markerAt(2, u"theirs"_s)}));
         QVERIFY(merge.conflicts.empty());
         QCOMPARE(titles(merge.merged), (QStringList{u"mine"_s, u"theirs"_s}));
@@ -174,7 +184,7 @@ class ClipMergeTest : public QObject {
         const Array base{markerAt(1, u"one"_s), markerAt(2, u"two"_s)};
         const Array mine{markerAt(1, u"one"_s, u"my note"_s), markerAt(2, u"two"_s)};
         const Array theirs{markerAt(1, u"one"_s), markerAt(2, u"TWO"_s)};
-        const std::optional<Array> merged = mergeMarkers(base, mine, theirs);
+        const std::optional<Array> merged = mergeMarkers(printsOf(base), mine, theirs);
         QVERIFY(merged);
         QCOMPARE(*merged, (Array{markerAt(1, u"one"_s, u"my note"_s), markerAt(2, u"TWO"_s)}));
     }
@@ -189,9 +199,10 @@ class ClipMergeTest : public QObject {
         const Array base{markerAt(1, u"one"_s)};
         const Array mine{markerAt(1, u"one"_s, u"my note"_s)};
         const Array theirs = isRemoved ? Array() : Array{markerAt(1, u"one"_s, u"their note"_s)};
-        QVERIFY(!mergeMarkers(base, mine, theirs));
-        QVERIFY(!mergeMarkers(base, theirs, mine));
-        const ClipMerge merge = mergeClips(withMarkers(base), withMarkers(mine), withMarkers(theirs));
+        QVERIFY(!mergeMarkers(printsOf(base), mine, theirs));
+        QVERIFY(!mergeMarkers(printsOf(base), theirs, mine));
+        const ClipMerge merge =
+            mergeClips(ClipPrint(withMarkers(base)), withMarkers(mine), withMarkers(theirs));
         QCOMPARE(merge.conflicts.size(), std::size_t(1));
         QCOMPARE(merge.conflicts.front().key, ClipKey::clipMarkerArray);
         QCOMPARE(merge.merged.clipMarkerArray(), mine);
@@ -200,7 +211,7 @@ class ClipMergeTest : public QObject {
     void removedOnBothSidesAndAnotherAddedIsNone() {
         const Array base{markerAt(1, u"one"_s)};
         const std::optional<Array> merged =
-            mergeMarkers(base, {markerAt(5, u"mine"_s)}, {markerAt(6, u"theirs"_s)});
+            mergeMarkers(printsOf(base), {markerAt(5, u"mine"_s)}, {markerAt(6, u"theirs"_s)});
         QVERIFY(merged);
         QCOMPARE(*merged, (Array{markerAt(5, u"mine"_s), markerAt(6, u"theirs"_s)}));
     }
@@ -211,11 +222,47 @@ class ClipMergeTest : public QObject {
         const Dictionary before = *mine.clipMarkerArray()->at(0).dictionary();
         const ClipInfo theirs = withMarkers({markerAt(1, u"one"_s), markerAt(2, u"two"_s)});
         const Dictionary record = mine.record();
-        QVERIFY(takeMerged(mine, mergeClips(mine.deepCopy(), mine, theirs).merged));
+        QVERIFY(takeMerged(mine, mergeClips(ClipPrint(mine), mine, theirs).merged));
         QVERIFY(mine.record().isSame(record));
         QVERIFY(mine.clipMarkerArray()->at(0).dictionary()->isSame(before));
         QVERIFY(!mine.clipMarkerArray()->at(1).dictionary()->isSame(
             *theirs.clipMarkerArray()->at(1).dictionary()));
+    }
+
+    void aPrintTellsEveryValueFromEveryOther() {
+        const std::vector<Value> values{Value(),
+                                        true,
+                                        false,
+                                        0,
+                                        1,
+                                        1.5,
+                                        u""_s,
+                                        u"1"_s,
+                                        QByteArray("1"),
+                                        Array(),
+                                        Array{1},
+                                        Array{Array{1}},
+                                        Dictionary(),
+                                        Date(std::chrono::seconds(1)),
+                                        Dictionary{{u"a"_s, 1}},
+                                        Dictionary{{u"a"_s, 2}},
+                                        (qint64(1) << 62) + 1,
+                                        (qint64(1) << 62) + 2};
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            ClipInfo clip;
+            if (!values[i].isNothing()) {
+                Dictionary(clip.record()).set(u"key"_s, values[i]);
+            }
+            const ClipPrint print(clip);
+            for (std::size_t j = 0; j < values.size(); ++j) {
+                QCOMPARE(print.held(u"key"_s, values[j]), values[i] == values[j]);
+            }
+            QVERIFY(print.held(u"other"_s, Value()));
+            QVERIFY(!print.held(u"other"_s, 1));
+        }
+        ClipInfo three;
+        three.setClipRating(3);
+        QVERIFY(ClipPrint(three).held(ClipKey::clipRating, 3.0));
     }
 
     void takingWhatIsThereChangesNothing() {

@@ -26,7 +26,12 @@ KnownFolder known(const std::vector<FolderFile>& files) {
 using Renamed = std::vector<std::pair<QString, QString>>;
 
 ClipFile fileOf(const QString& name, const ClipInfo& clip) {
-    return {.name = name, .stamp = {}, .clip = clip, .held = clip.deepCopy()};
+    return {.name = name, .stamp = {}, .clip = clip, .held = std::make_shared<const ClipPrint>(clip)};
+}
+
+void know(KnownClip& known, const ClipInfo& clip) {
+    known.held = std::make_shared<const ClipPrint>(clip);
+    known.clip = clip;
 }
 
 ClipInfo takeBegunAt(int second, const QString& comment = {}) {
@@ -112,8 +117,8 @@ class FolderComparisonTest : public QObject {
 
     void aTakeThatWasRenamedAndWrittenAnewIsFoundByWhatItSays() {
         KnownFolder folder = known({{u"a#01.xml"_s, stamp(1)}, {u"b#01.xml"_s, stamp(2)}});
-        folder[u"a#01.xml"_s].held = takeBegunAt(5, u"good"_s);
-        folder[u"b#01.xml"_s].held = takeBegunAt(9, u"good"_s);
+        know(folder[u"a#01.xml"_s], takeBegunAt(5, u"good"_s));
+        know(folder[u"b#01.xml"_s], takeBegunAt(9, u"good"_s));
         ClipInfo renamed = takeBegunAt(9, u"good"_s);
         renamed.setClipName(u"c#01.xml"_s);
         renamed.setClipTake(u"01"_s);
@@ -122,15 +127,29 @@ class FolderComparisonTest : public QObject {
         QCOMPARE(found, (std::vector<std::pair<QString, std::size_t>>{{u"b#01.xml"_s, 0}}));
     }
 
-    void aTakeThatSaysOtherwiseIsAnotherOne() {
+    void aTakeThatWasEditedAndRenamedIsFoundByItsStart() {
         KnownFolder folder = known({{u"a#01.xml"_s, stamp(1)}});
-        folder[u"a#01.xml"_s].held = takeBegunAt(5, u"good"_s);
-        QVERIFY(findRenamed(folder, {u"a#01.xml"_s}, {fileOf(u"c.xml"_s, takeBegunAt(5, u"bad"_s))}).empty());
+        know(folder[u"a#01.xml"_s], takeBegunAt(5, u"good"_s));
+        QCOMPARE(findRenamed(folder, {u"a#01.xml"_s}, {fileOf(u"c.xml"_s, takeBegunAt(5, u"bad"_s))}).size(),
+                 std::size_t(1));
+        QVERIFY(
+            findRenamed(folder, {u"a#01.xml"_s}, {fileOf(u"c.xml"_s, takeBegunAt(6, u"good"_s))}).empty());
         QVERIFY(
             findRenamed(folder, {u"a#01.xml"_s}, {fileOf(u"c.mov"_s, takeBegunAt(5, u"good"_s))}).empty());
         // Of records that say nothing, nothing is known.
-        folder[u"a#01.xml"_s].held = ClipInfo();
+        know(folder[u"a#01.xml"_s], ClipInfo());
         QVERIFY(findRenamed(folder, {u"a#01.xml"_s}, {fileOf(u"c.xml"_s, ClipInfo())}).empty());
+    }
+
+    // Two programs that record together begin together.
+    void ofTakesThatBeganTogetherTheOneThatSaysTheSameIsRenamed() {
+        KnownFolder folder = known({{u"a#01.xml"_s, stamp(1)}, {u"b#01.xml"_s, stamp(2)}});
+        know(folder[u"a#01.xml"_s], takeBegunAt(5, u"good"_s));
+        know(folder[u"b#01.xml"_s], takeBegunAt(5, u"bad"_s));
+        const QStringList missing{u"a#01.xml"_s, u"b#01.xml"_s};
+        QCOMPARE(findRenamed(folder, missing, {fileOf(u"c.xml"_s, takeBegunAt(5, u"bad"_s))}),
+                 (std::vector<std::pair<QString, std::size_t>>{{u"b#01.xml"_s, 0}}));
+        QVERIFY(findRenamed(folder, missing, {fileOf(u"c.xml"_s, takeBegunAt(5, u"new"_s))}).empty());
     }
 
     void aLookLeavesOutWhatIsNoClip() {
