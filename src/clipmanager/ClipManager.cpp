@@ -2,6 +2,7 @@
 #include "clipmanager/ClipManager.h"
 
 #include "clipmanager/ClipAttributes.h"
+#include "clipmanager/ClipConflicts.h"
 #include "clipmanager/ClipExports.h"
 #include "clipmanager/ClipManagerSettings.h"
 #include "clipmanager/ClipMedia.h"
@@ -11,6 +12,7 @@
 #include "clipmanager/UnwrittenClips.h"
 #include "clipstore/Notifications.h"
 #include "connect/ClipFileFacts.h"
+#include "connect/ClipFolderWatch.h"
 #include "connect/ClipTableController.h"
 #include "connect/MoviePreview.h"
 #include "folders/RecordFolderController.h"
@@ -111,6 +113,7 @@ void ClipManager::setUpClipTable() {
                 _progressInd->setValue(done);
             });
     connect(&_reader, &ClipFolderReader::finished, this, &ClipManager::folderRead);
+    setUpSharing();
     showReading(false);
 }
 
@@ -197,6 +200,7 @@ void ClipManager::showFolderContent(const std::optional<QString>& path) {
     _current->endEditing();
     _current->write();
     _reader.cancel();
+    _watch->stop();
     _clips->setClipArray({}, path);
     showReading(path.has_value());
     if (path) {
@@ -208,6 +212,7 @@ void ClipManager::showFolderContent(const std::optional<QString>& path) {
 void ClipManager::folderRead() {
     _clips->sortClips();
     showReading(false);
+    _watch->watch(*shownFolder());
     Q_EMIT folderHasBeenRead();
 }
 
@@ -229,6 +234,8 @@ void ClipManager::folderMoved(const QString& from, const QString& to) {
     if (_isReading && shownFolder() == to) {
         // What was still to be read is not there any more.
         showFolderContent(to);
+    } else if (shownFolder() == to) {
+        _watch->watch(to);
     }
     timerAction();
 }

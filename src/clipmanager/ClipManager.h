@@ -26,7 +26,9 @@ class QWidget;
 namespace marquill {
 
 class ClipAttributes;
+class ClipConflicts;
 class ClipExports;
+class ClipFolderWatch;
 class ClipMarkerController;
 class ClipMediaReader;
 class ClipTableController;
@@ -75,6 +77,8 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
     const std::optional<QString>& shownFolder() const;
     /// Whether the shown folder is still being read.
     bool isReading() const { return _isReading; }
+    /// Looks for what others write into the shown folder, once that is read.
+    ClipFolderWatch& folderWatch() { return *_watch; }
 
     /// The state that "ClipManagerSettings" keeps.
     Dictionary settings() const;
@@ -207,6 +211,10 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
     void folderRead();
     void showReading(bool isReading);
     void showTakeInProgress();
+    void setUpSharing();
+    void aboutToMerge(const ClipInfo& clip);
+    void merged(const ClipInfo& clip, const ClipInfo& theirs);
+    void aboutToBeGone(const ClipInfo& clip);
     void observe();
     void restore(const Dictionary& settings);
     void restoreFrame(const Dictionary& settings);
@@ -238,6 +246,8 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
     std::unique_ptr<RecordFolderController> _folderList;
     std::unique_ptr<ClipTableController> _clips;
     std::unique_ptr<UnwrittenClips> _unwritten;
+    std::unique_ptr<ClipConflicts> _conflicts;
+    std::unique_ptr<ClipFolderWatch> _watch;
     std::unique_ptr<CollapsibleWindow> _collapsible;
     std::unique_ptr<ClipAttributes> _attributes;
     std::unique_ptr<ClipMarkerController> _markers;

@@ -135,6 +135,14 @@ void CurrentClip::write() {
     }
 }
 
+void CurrentClip::fileChanged(const ClipInfo& theirs) {
+    if (_clip) {
+        _written = theirs.deepCopy();
+        _written.setClipName(_clip->clipName());
+        _rest.start();  // what was merged into it may be more than the file holds
+    }
+}
+
 void CurrentClip::writeInto(const QString& folder) {
     // What it could not write, it writes later.
     _table.writer().write(*_clip, folder);

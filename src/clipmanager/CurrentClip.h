@@ -43,6 +43,10 @@ class CurrentClip : public QObject {
     /// Writes the record if it is not what was last written.
     void write();
 
+    /// The clip's file holds this record now: somebody else has written it, and it was merged into the
+    /// clip's.
+    void fileChanged(const ClipInfo& theirs);
+
     /// Whether the record stands in the clip table: it does not after its clip was moved to the trash, or was
     /// given another record.
     bool isInTable() const;

@@ -20,8 +20,9 @@ struct ClipChangeSet {
     std::vector<ClipInfo> newClips;
     QString actionName;                      ///< title of the undo step, e.g. "connect Clips"
     std::optional<QString> clipFolder = {};  ///< nothing: the folder shown when it is first done
-    /// For undo and redo: what markers the records had that are to be replaced. Element i belongs to clip i.
-    std::vector<std::optional<Array>> markers = {};
+    /// For undo and redo: what the records were, when they were last written by it, that are to be replaced.
+    /// Element i belongs to clip i.
+    std::vector<ClipInfo> asLeft = {};
 };
 
 }  // namespace marquill

@@ -39,6 +39,8 @@ ClipTableController::ClipTableController(TableView& table, QLabel& countText, Un
     updateClipCount();
     connect(&Notifications::centre(), &Notifications::labelListHasChanged, this,
             &ClipTableController::labelsChanged);
+    // What others wrote is found before something is written here, too.
+    connect(&_writer.shared(), &SharedClips::merged, &_model, &ClipTableModel::attributesChanged);
     connect(&_fileTimer, &QTimer::timeout, this, &ClipTableController::askShownFiles);
     _fileTimer.start(fileInterval);
     setUpSearch();
@@ -77,6 +79,9 @@ void ClipTableController::setClipArray(std::vector<ClipInfo> clips, const std::o
     deselectAll();
     _arrivedNames.clear();
     _fileWork.cancel();
+    for (const std::optional<QString>& left : {clipFolder(), folder}) {
+        _writer.leaveFolder(left.value_or(QString()));
+    }
     _model.setClips(std::move(clips), folder);
     sortClips();
     _table.scrollToTop();

@@ -23,6 +23,9 @@ namespace marquill {
 class ClipConnecting;
 class TableView;
 class UndoManager;
+struct FolderChanges;
+struct ReadClip;
+struct RenamedClip;
 
 class ClipTableController : public QObject {
     Q_OBJECT
@@ -44,6 +47,10 @@ class ClipTableController : public QObject {
     /// that came to the table in another way meanwhile are left out.
     void addClipsRead(const std::vector<ClipInfo>& clips, const std::vector<ClipFileFacts>& facts,
                       ClipArrival arrival = ClipArrival::made);
+    /// Takes over what others have changed in the folder, if it is shown: the records of the rows stay the
+    /// same ones. False when something has to wait and is to be looked for again: an editor is open in its
+    /// row, or it was written here meanwhile.
+    bool takeFolderChanges(const FolderChanges& changes);
     const std::vector<ClipInfo>& clipArray() const { return _model.clips(); }
     const std::optional<QString>& clipFolder() const { return _model.folder(); }
     /// A record folder was given another path on disk.
@@ -146,9 +153,29 @@ class ClipTableController : public QObject {
   Q_SIGNALS:
     /// How many clips there are, are shown or are selected may be another number now.
     void countChanged();
+    /// The file of the clip is gone, and its row is about to go: what was typed last is to be written, so
+    /// that its loss is told.
+    void aboutToBeGone(const marquill::ClipInfo& clip);
 
   private:
     class SelectionChange;
+    struct Taking;
+
+    /// Keeps what is on screen where it is while rows come and go above it; at the very top, what comes there
+    /// is seen.
+    class RowOnTop {
+      public:
+        explicit RowOnTop(ClipTableController& controller);
+        RowOnTop(const RowOnTop&) = delete;
+        RowOnTop& operator=(const RowOnTop&) = delete;
+        ~RowOnTop();
+
+      private:
+        ClipTableController& _controller;
+        std::optional<ClipInfo> _clip;
+        int _offset = 0;
+    };
+
     using ClipSetOperation = void (ClipTableController::*)(const ClipSet&);
     using ChangeSetOperation = void (ClipTableController::*)(const ClipChangeSet&);
 
@@ -179,12 +206,22 @@ class ClipTableController : public QObject {
     void removeFromTable(const std::vector<ClipInfo>& clips);
     void exchangeClips(const ClipChangeSet& set, const std::vector<ClipInfo>& from,
                        const std::vector<ClipInfo>& to, ChangeSetOperation inverse, const char* notFound);
-    void keepLaterMarkers(const ClipChangeSet& set, const std::vector<ClipInfo>& from,
+    void keepLaterChanges(const ClipChangeSet& set, const std::vector<ClipInfo>& from,
                           const std::vector<ClipInfo>& to) const;
     void registerUndo(ClipSetOperation inverse, const ClipSet& set, const QString& actionName);
     void renameFile(const ClipInfo& clip, const QString& folder, const QString& clipName);
     void setAttribute(const ClipInfo& clip, const QString& folder, const QString& key, const Value& value,
                       Selection selection = Selection::ofClip);
+
+    std::optional<ClipInfo> clipOfFile(const QString& name);
+    bool hasToWait(const QString& name, Taking& taking);
+    bool isEditedInCell(const ClipInfo& clip) const;
+    void takeChanged(const ReadClip& clip, Taking& taking);
+    void takeInto(const ClipInfo& present, const ReadClip& clip, Taking& taking);
+    void showNew(const ReadClip& clip, Taking& taking);
+    void takeRenamed(const RenamedClip& renamed, Taking& taking);
+    void takeGone(const QStringList& names, Taking& taking);
+    void showTaken(const Taking& taking, const std::vector<ClipInfo>& selected);
 
     TableView& _table;
     QLabel& _countText;

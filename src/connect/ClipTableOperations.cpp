@@ -76,6 +76,32 @@ Result<QString> moveOutOfTrash(const QString& clipName, const QString& folder) {
     return name;
 }
 
+// What showing a clip adds to its record is nobody's change.
+bool isEntered(const QString& key, const ClipInfo& before, const ClipInfo& now) {
+    if (key == ClipKey::clipTake) {
+        return ClipStore::takeFromClip(before) != ClipStore::takeFromClip(now);
+    }
+    return key != ClipKey::clipFileSize && key != ClipKey::clipDuration && key != ClipKey::clipCreationDate;
+}
+
+// Gives `clip` what has changed from `before` to `now`.
+void takeChangesSince(const ClipInfo& before, const ClipInfo& now, const ClipInfo& clip) {
+    Dictionary record = clip.record();
+    for (const QString& key : before.record().keys() + now.record().keys()) {
+        const Value* old = before.record().find(key);
+        const Value* present = now.record().find(key);
+        const bool isSame = old && present && *old == *present;
+        if (isSame || !isEntered(key, before, now)) {
+            continue;
+        }
+        if (present) {
+            record.set(key, *present);
+        } else {
+            record.remove(key);
+        }
+    }
+}
+
 void logError(const Error& error) {
     qCWarning(logConnect).noquote() << error.description();
 }
@@ -177,6 +203,7 @@ void ClipTableController::moveFromTrash(const ClipSet& set, ClipSetOperation inv
         _writer.clipMoved(clip, trashOf(folder), folder);
         if (*name != oldName) {
             clip.setClipName(*name);
+            _writer.clipRenamed(clip, folder, oldName);
             _writer.write(clip, folder);
         }
         moved.clipArray.push_back(clip);
@@ -222,15 +249,12 @@ void ClipTableController::undoChangeClipsWithUndo(const ClipChangeSet& set) {
                   "not found in 'undoChangeClipsWithUndo'");
 }
 
-// Markers are changed in steps of their own, which are forgotten with the clip they were shown of: what was
-// marked since is not to go with what is taken back now.
-void ClipTableController::keepLaterMarkers(const ClipChangeSet& set, const std::vector<ClipInfo>& from,
+// Markers are changed in steps of their own, which are forgotten with the clip they were shown of, and others
+// change what they like: what was done since is not to go with what is taken back now.
+void ClipTableController::keepLaterChanges(const ClipChangeSet& set, const std::vector<ClipInfo>& from,
                                            const std::vector<ClipInfo>& to) const {
-    for (std::size_t i = 0; i < set.markers.size(); ++i) {
-        const std::optional<Array> present = presentRecord(from[i], *set.clipFolder).clipMarkerArray();
-        if (present != set.markers[i]) {
-            ClipInfo(to[i]).setClipMarkerArray(present);
-        }
+    for (std::size_t i = 0; i < set.asLeft.size(); ++i) {
+        takeChangesSince(set.asLeft[i], presentRecord(from[i], *set.clipFolder), to[i]);
     }
 }
 
@@ -244,8 +268,8 @@ void ClipTableController::exchangeClips(const ClipChangeSet& set, const std::vec
     }
     ClipChangeSet done = set;
     done.clipFolder = presentFolder(set.clipFolder.value_or(clipFolder().value_or(QString())));
-    keepLaterMarkers(done, from, to);
-    done.markers.clear();
+    keepLaterChanges(done, from, to);
+    done.asLeft.clear();
     std::vector<ClipInfo> selected;
     std::vector<ClipInfo> hidden;
     for (std::size_t i = 0; i < from.size(); ++i) {
@@ -259,10 +283,9 @@ void ClipTableController::exchangeClips(const ClipChangeSet& set, const std::vec
         if (row >= 0 && _model.isHidden(row)) {
             hidden.push_back(to[i]);
         }
-        const std::optional<Array> markers = to[i].clipMarkerArray();
-        done.markers.push_back(markers ? std::optional(markers->deepCopy()) : std::nullopt);
     }
     _writer.write(to, *done.clipFolder);
+    std::ranges::transform(to, std::back_inserter(done.asLeft), &ClipInfo::deepCopy);
     if (isShown(*done.clipFolder)) {
         const SelectionChange change(*this);
         removeFromTable(from);

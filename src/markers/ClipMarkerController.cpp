@@ -12,6 +12,8 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScopedValueRollback>
+#include <QScrollBar>
 #include <QStyledItemDelegate>
 
 #include <algorithm>
@@ -164,6 +166,20 @@ void ClipMarkerController::setMarkerArrayFromClip(const ClipInfo& clip) {
     updateMarkerCount();
 }
 
+void ClipMarkerController::refreshMarkerArrayFromClip(const ClipInfo& clip) {
+    if (clip.clipMarkerArray().value_or(Array()) == markerArray()) {
+        return;
+    }
+    const QScopedValueRollback refreshing(_isRefreshing, true);
+    const std::vector<Marker> selected = selectedMarkerArray();
+    const int scrolled = _outlets.tableView.verticalScrollBar()->value();
+    const bool canAdd = _outlets.addMarkerButton.isEnabled();
+    setMarkerArrayFromClip(clip);
+    selectMarkers(selected, false);
+    _outlets.tableView.verticalScrollBar()->setValue(scrolled);
+    _outlets.addMarkerButton.setEnabled(canAdd || _outlets.addMarkerButton.isEnabled());
+}
+
 void ClipMarkerController::removeMarkerArray() {
     setMarkerArrayFromClip(ClipInfo());
     _outlets.deleteMarkerButton.setEnabled(false);
@@ -251,7 +267,7 @@ void ClipMarkerController::tableViewSelectionDidChange() {
     _outlets.setStartButton.setEnabled(selected.size() == 1);
     _outlets.setStopButton.setEnabled(selected.size() == 1);
     updateMarkerCount();
-    if (selected.size() == 1) {
+    if (selected.size() == 1 && !_isRefreshing) {
         Q_EMIT Notifications::centre().clipMarkerSelected(selected.front().record());
     }
 }

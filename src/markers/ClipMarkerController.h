@@ -52,6 +52,9 @@ class ClipMarkerController : public QObject {
 
     /// Shows the clip's markers, nothing selected. The records stay the clip's; its array does not change.
     void setMarkerArrayFromClip(const ClipInfo& clip);
+    /// The clip shown has other markers, which somebody else has made: shows them; the selection stays with
+    /// the markers that are still there, and undo with its entries.
+    void refreshMarkerArrayFromClip(const ClipInfo& clip);
     /// Shows none.
     void removeMarkerArray();
     /// What the clip's array is to be, with what the clip's array held that is no marker. Every change of the
@@ -149,6 +152,7 @@ class ClipMarkerController : public QObject {
     ClipMarkerModel _model;
     std::unique_ptr<TableColumns> _columns;
     QMenu _contextMenu;
+    bool _isRefreshing = false;             // a selection that is given back is no news
     int _lastEditedColumn = 0;              // place of the column last given a value by the user
     std::optional<Dictionary> _nextMarker;  // selected while the movie still loads
 };

@@ -26,6 +26,8 @@ class TableView : public QTableView {
     /// Takes over what stands in a cell's open editor, and closes it. What replaces the rows otherwise drops
     /// it.
     void endEditing();
+    /// Whether an editor is open in the current cell.
+    bool isEditing() const { return state() == EditingState && indexWidget(currentIndex()) != nullptr; }
 
   protected:
     bool event(QEvent* event) override;
