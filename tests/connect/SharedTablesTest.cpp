@@ -227,8 +227,8 @@ class SharedTablesTest : public QObject {
         _table->window.show();
         QVERIFY(QTest::qWaitForWindowActive(&_table->window));
         _table->controller.selectClip(_table->clip(name));
-        const QModelIndex cell = _table->controller.model().index(_table->controller.model().rowOfName(name),
-                                                                  ClipTableModel::comment);
+        const QModelIndex cell =
+            _table->table.model()->index(_table->controller.model().rowOfName(name), ClipTableModel::comment);
         _table->table.setCurrentIndex(cell);
         _table->table.edit(cell);
         auto* editor = _table->table.findChild<QLineEdit*>();
