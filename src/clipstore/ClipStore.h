@@ -48,7 +48,7 @@ class ClipStore {
     /// The names of the clip files in `folder`, in the order the file system lists them: what ends in ".mov"
     /// or ".xml" and does not begin with "tmp_". Case counts; subfolders are not entered.
     static QStringList getClipsForFolder(const QString& folder);
-    /// The records of those clips, in that order; names without a record are left out.
+    /// The records of those clips, in that order, under their files' names; those without one are left out.
     static std::vector<ClipInfo> readClipInfoForFolder(const QString& folder);
     /// The records of the clips of these names in `folder`, in that order: a part of a large folder, for
     /// lists that show what is read so far.

@@ -49,6 +49,14 @@ void readInParallel(qsizetype count, Read read) {
     pool.waitForDone();
 }
 
+/// A file that was copied, or renamed by a program that ended before it wrote the record, holds another name
+/// than its own; what were written under that name would hit another clip.
+void nameAsFile(std::optional<ClipInfo>& clip, const QString& name) {
+    if (clip && clip->clipName().value_or(name) != name) {
+        clip->setClipName(name);
+    }
+}
+
 }  // namespace
 
 bool ClipStore::isClipFileName(const QString& name) {
@@ -72,7 +80,9 @@ std::vector<ClipInfo> ClipStore::readClipInfoForFolder(const QString& folder) {
 std::vector<ClipInfo> ClipStore::readClipInfos(const QString& folder, const QStringList& names) {
     std::vector<std::optional<ClipInfo>> clips(static_cast<std::size_t>(names.size()));
     readInParallel(names.size(), [&](qsizetype index) {
-        clips[static_cast<std::size_t>(index)] = infoForClip(joinPath(folder, names.at(index)));
+        std::optional<ClipInfo>& clip = clips[static_cast<std::size_t>(index)];
+        clip = infoForClip(joinPath(folder, names.at(index)));
+        nameAsFile(clip, names.at(index));
     });
     std::vector<ClipInfo> found;
     found.reserve(clips.size());
@@ -95,6 +105,7 @@ std::vector<ClipFile> readClipFiles(const QString& folder, const QStringList& na
         if (file.clip) {
             file.held = std::make_shared<const ClipPrint>(*file.clip);
         }
+        nameAsFile(file.clip, file.name);
     });
     return files;
 }

@@ -172,6 +172,17 @@ class ClipStoreTest : public QObject {
         QCOMPARE(names.size(), 300);
     }
 
+    void aPlaceholderThatHoldsAnotherNameIsListedUnderItsFilesOwn() {
+        const ClipFolder folder;
+        folder.makePlaceholder(u"a.xml"_s, nameEntry("a.xml"));
+        folder.makePlaceholder(u"copy of a.xml"_s, nameEntry("a.xml"));
+        const std::vector<ClipInfo> clips =
+            ClipStore::readClipInfos(folder.path(), {u"a.xml"_s, u"copy of a.xml"_s});
+        QCOMPARE(clips[0].clipName(), u"a.xml"_s);
+        QCOMPARE(clips[1].clipName(), u"copy of a.xml"_s);
+        QCOMPARE(ClipStore::infoForClip(folder.path(u"copy of a.xml"_s))->clipName(), u"a.xml"_s);
+    }
+
     void aPartOfAFolderIsReadInTheOrderAsked() {
         const ClipFolder folder;
         for (const QString& name : {u"a.xml"_s, u"b.xml"_s, u"c.xml"_s}) {
