@@ -18,7 +18,7 @@ constexpr std::chrono::milliseconds patienceAtEnd{2000};
 
 }  // namespace
 
-// What the main thread and the journal's thread share.
+// What the main thread and the journal's threads share.
 struct TakeJournal::Work {
     struct Item {
         Order order;
@@ -27,26 +27,110 @@ struct TakeJournal::Work {
 
     std::mutex mutex;
     std::condition_variable given;  ///< there is something to do, or the end has come
-    std::condition_variable done;   ///< nothing is left to do
+    std::condition_variable done;   ///< something has been done
     std::deque<Item> items;
-    bool isBusy = false;
+    bool isWriting = false;
+    bool isRefused = false;  ///< the last write failed
+    bool isSyncing = false;
     bool isEnding = false;
     bool hasEnded = false;
     TakeJournal* receiver = nullptr;  ///< null once nobody listens
+    QString problem;                  ///< what was told last
+
+    bool isWritten() const { return items.empty() && !isWriting; }
+    bool isOnDisk() const { return isWritten() && !isSyncing; }
+
+    template <class Message>
+    void post(const Message& message) {
+        if (TakeJournal* const to = receiver) {
+            QMetaObject::invokeMethod(to, [to, message] { message(*to); }, Qt::QueuedConnection);
+        }
+    }
+
+    // Tells of a change only: a disk stays full for long.
+    void tell(const Result<void>& result) {
+        const QString now = result ? QString() : result.error().message;
+        const std::scoped_lock lock(mutex);
+        if (now == problem) {
+            return;
+        }
+        if (!result) {
+            qCWarning(logRecording).noquote()
+                << "The journal cannot be written:" << result.error().description();
+        }
+        problem = now;
+        post([now](TakeJournal& journal) { Q_EMIT journal.problemChanged(now); });
+    }
 };
 
-// The journal's thread.
+// A thread that waits for the disk, so that the one that writes need not: what is written while it waits goes
+// with its next round.
+class TakeJournal::Syncer {
+  public:
+    explicit Syncer(std::shared_ptr<Work> work) : _work(std::move(work)) {
+        _thread = std::thread([this] { run(); });
+    }
+    ~Syncer() {
+        {
+            const std::scoped_lock lock(_work->mutex);
+            _isEnding = true;
+        }
+        _wanted.notify_one();
+        _thread.join();
+    }
+    Syncer(const Syncer&) = delete;
+    Syncer& operator=(const Syncer&) = delete;
+
+    void sync(const std::shared_ptr<TakeJournalFile>& file) {
+        const std::scoped_lock lock(_work->mutex);
+        _file = file;
+        _work->isSyncing = true;
+        _wanted.notify_one();
+    }
+
+  private:
+    void run() {
+        std::unique_lock lock(_work->mutex);
+        for (;;) {
+            _wanted.wait(lock, [this] { return _file || _isEnding; });
+            const std::shared_ptr<TakeJournalFile> file = std::exchange(_file, nullptr);
+            if (!file) {
+                return;
+            }
+            lock.unlock();
+            const Result<void> synced = file->sync();
+            // What is on the disk is no end of the trouble while more than that waits.
+            if (lock.lock(); !synced || !_work->isRefused) {
+                lock.unlock();
+                _work->tell(synced);
+                lock.lock();
+            }
+            _work->isSyncing = _file != nullptr;
+            _work->done.notify_all();
+        }
+    }
+
+    std::shared_ptr<Work> _work;
+    std::condition_variable _wanted;
+    std::shared_ptr<TakeJournalFile> _file;  // the one with something to be synced
+    bool _isEnding = false;
+    std::thread _thread;
+};
+
+// The thread that writes.
 class TakeJournal::Writer {
   public:
-    Writer(QString folder, std::shared_ptr<Work> work) : _folder(std::move(folder)), _work(std::move(work)) {}
+    Writer(QString folder, const std::shared_ptr<Work>& work)
+        : _folder(std::move(folder)), _work(work), _syncer(std::make_unique<Syncer>(work)) {}
 
     void run() {
         while (const std::optional<std::deque<Work::Item>> items = takeItems()) {
             for (const Work::Item& item : *items) {
                 carryOut(item);
             }
-            flush();
+            write();
         }
+        _syncer.reset();
         _file.reset();
         const std::scoped_lock lock(_work->mutex);
         _work->hasEnded = true;
@@ -54,25 +138,23 @@ class TakeJournal::Writer {
     }
 
   private:
-    // All that is to be done by now, so that lines that came together cost one sync; nothing at the end.
+    // All that is to be done by now; nothing at the end.
     std::optional<std::deque<Work::Item>> takeItems() {
         std::unique_lock lock(_work->mutex);
-        _work->isBusy = false;
-        if (_work->items.empty()) {
-            _work->done.notify_all();
-        }
+        _work->isWriting = false;
+        _work->done.notify_all();
         _work->given.wait(lock, [this] { return !_work->items.empty() || _work->isEnding; });
         if (_work->items.empty()) {
             return std::nullopt;
         }
-        _work->isBusy = true;
+        _work->isWriting = true;
         return std::exchange(_work->items, {});
     }
 
     void carryOut(const Work::Item& item) {
         switch (item.order) {
             case Order::begin:
-                _file.emplace(_folder);
+                _file = std::make_shared<TakeJournalFile>(_folder);
                 _file->append(item.line);
                 break;
             case Order::write:
@@ -89,9 +171,19 @@ class TakeJournal::Writer {
         }
     }
 
-    void flush() {
-        if (_file) {
-            tell(_file->flush());
+    void write() {
+        if (!_file) {
+            return;
+        }
+        const Result<void> written = _file->write();
+        {
+            const std::scoped_lock lock(_work->mutex);
+            _work->isRefused = !written;
+        }
+        if (written) {
+            _syncer->sync(_file);
+        } else {
+            _work->tell(written);
         }
     }
 
@@ -101,47 +193,28 @@ class TakeJournal::Writer {
                 qCWarning(logRecording).noquote() << removed.error().description();
             }
             _file.reset();
-            tell({});
+            _work->tell({});
         }
     }
 
     void keepFile() {
-        const bool isThere = _file && _file->flush();
+        if (!_file) {
+            return;
+        }
+        const Result<void> flushed = _file->flush();
+        _file->release();
         _file.reset();
-        tell({});
-        if (!isThere) {
-            return;
-        }
-        post([](TakeJournal& journal) { Q_EMIT journal.kept(); });
-    }
-
-    // Tells of a change only: a disk stays full for long.
-    void tell(const Result<void>& result) {
-        const QString problem = result ? QString() : result.error().message;
-        if (problem == _problem) {
-            return;
-        }
-        if (!result) {
-            qCWarning(logRecording).noquote()
-                << "The journal cannot be written:" << result.error().description();
-        }
-        _problem = problem;
-        post([problem](TakeJournal& journal) { Q_EMIT journal.problemChanged(problem); });
-    }
-
-    template <class Message>
-    void post(const Message& message) {
-        const std::scoped_lock lock(_work->mutex);
-        if (TakeJournal* const receiver = _work->receiver) {
-            QMetaObject::invokeMethod(
-                receiver, [receiver, message] { message(*receiver); }, Qt::QueuedConnection);
+        _work->tell({});
+        if (flushed) {
+            const std::scoped_lock lock(_work->mutex);
+            _work->post([](TakeJournal& journal) { Q_EMIT journal.kept(); });
         }
     }
 
     QString _folder;
     std::shared_ptr<Work> _work;
-    std::optional<TakeJournalFile> _file;  // of the take in progress
-    QString _problem;
+    std::unique_ptr<Syncer> _syncer;
+    std::shared_ptr<TakeJournalFile> _file;  // of the take in progress
 };
 
 TakeJournal::TakeJournal(QString folder) : _folder(std::move(folder)), _work(std::make_shared<Work>()) {
@@ -169,10 +242,12 @@ TakeJournal::~TakeJournal() {
 void TakeJournal::begin(const TakeRecord& take) {
     _noted = take;
     give(Order::begin, TakeJournalFormat::startLine(take));
+    waitForWriter();
 }
 
 void TakeJournal::addMarker(const Dictionary& marker, double at) {
     give(Order::write, TakeJournalFormat::markerLine(marker, at));
+    waitForWriter();
 }
 
 void TakeJournal::beat(const TakeRecord& take) {
@@ -214,9 +289,16 @@ void TakeJournal::give(Order order, QByteArray line) {
     _work->given.notify_one();
 }
 
-bool TakeJournal::waitUntilWritten(std::chrono::milliseconds patience) {
+// A disk that is slow is waited for once, until it is quick again.
+void TakeJournal::waitForWriter() {
     std::unique_lock lock(_work->mutex);
-    return _work->done.wait_for(lock, patience, [this] { return _work->items.empty() && !_work->isBusy; });
+    const auto isWritten = [this] { return _work->isWritten(); };
+    _isBehind = !_work->done.wait_for(lock, _isBehind ? std::chrono::milliseconds(0) : patience, isWritten);
+}
+
+bool TakeJournal::waitUntilWritten(std::chrono::milliseconds limit) {
+    std::unique_lock lock(_work->mutex);
+    return _work->done.wait_for(lock, limit, [this] { return _work->isOnDisk(); });
 }
 
 }  // namespace marquill

@@ -1,5 +1,5 @@
-// The journal of the take in progress: what a crash must not cost is in a file within a moment. A thread of
-// its own writes and syncs, so that a slow disk delays no key. Owned by the recorder; main thread.
+// The journal of the take in progress: what a crash must not cost is in a file within a moment. Threads of
+// its own write and sync, so that a slow disk delays no key. Owned by the recorder; main thread.
 #pragma once
 
 #include "platform/Error.h"
@@ -17,12 +17,18 @@ class TakeJournal : public QObject {
     Q_OBJECT
 
   public:
+    /// How long a key may wait for a line to be written.
+    static constexpr std::chrono::milliseconds patience{50};
+
     /// Journals stand in `folder`, which is made when a take needs it.
     explicit TakeJournal(QString folder);
     /// Writes what is still to be written. A disk that does not answer within two seconds is left behind.
     ~TakeJournal() override;
 
-    // The life of a take. Every call returns at once; lines are written in the order of the calls.
+    // The life of a take. Lines are written in the order of the calls, each while those before it may still
+    // be on their way to the disk. begin() and addMarker() return when the system has their line, so that it
+    // outlives the program; from a disk that does not take it within `patience` they go on at once until it
+    // does.
 
     /// A take begins: its name, scene, folder and start are noted.
     void begin(const TakeRecord& take);
@@ -37,8 +43,8 @@ class TakeJournal : public QObject {
     /// The take's clip could not be written: the journal stays, for the user to recover the take from.
     void keep();
 
-    /// Waits until the thread has done all that it was given; false when that takes longer.
-    bool waitUntilWritten(std::chrono::milliseconds patience);
+    /// Waits until all is done and on the disk; false when that takes longer.
+    bool waitUntilWritten(std::chrono::milliseconds limit);
 
   Q_SIGNALS:
     /// The journal can not be written, and why; or with "", it can again. What could not be written is tried
@@ -50,15 +56,18 @@ class TakeJournal : public QObject {
   private:
     struct Work;
     class Writer;
+    class Syncer;
     enum class Order { begin, write, remove, keep };
 
     void give(Order order, QByteArray line = {});
     void noteChanges(const TakeRecord& take);
+    void waitForWriter();
 
     QString _folder;
     TakeRecord _noted;  // what the journal says by now
     std::shared_ptr<Work> _work;
     std::thread _thread;
+    bool _isBehind = false;  // the writer was waited for in vain
 };
 
 }  // namespace marquill

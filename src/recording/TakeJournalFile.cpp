@@ -6,37 +6,61 @@
 
 #include <QRandomGenerator>
 
+#include <algorithm>
+
 namespace marquill {
 
 namespace {
 
-// Until it holds its first line and is locked, it bears a name that nobody takes for a journal.
-constexpr auto newSuffix = ".new"_L1;
-
 QString newName() {
-    return u"take-%1"_s.arg(QRandomGenerator::system()->generate64(), 16, 16, QChar(u'0'));
+    return TakeJournalFile::prefix +
+           u"%1"_s.arg(QRandomGenerator::system()->generate64(), 16, 16, QChar(u'0'));
 }
 
 }  // namespace
 
 TakeJournalFile::TakeJournalFile(QString folder) : _folder(std::move(folder)) {}
 
+QString TakeJournalFile::path() const {
+    const std::scoped_lock lock(_mutex);
+    return _path;
+}
+
 void TakeJournalFile::append(QByteArrayView lines) {
-    if (_written + _pending.size() + lines.size() <= TakeJournalFormat::mostBytes) {
+    const std::scoped_lock lock(_mutex);
+    if (_synced + _pending.size() + lines.size() <= TakeJournalFormat::mostBytes) {
         _pending.append(lines);
     }
 }
 
-Result<void> TakeJournalFile::flush() {
+Result<void> TakeJournalFile::write() {
     if (!_file) {
         if (Result<void> created = create(); !created) {
             return created;
         }
     }
-    if (Result<void> written = writePending(); !written) {
+    std::unique_lock lock(_mutex);
+    const QByteArray bytes = _pending.sliced(_written - _synced);
+    const qint64 offset = _written;
+    const int failedSyncs = _failedSyncs;
+    lock.unlock();
+    if (bytes.isEmpty()) {
+        return {};
+    }
+    // A part of it that a failure left is written over by the same bytes.
+    if (Result<void> written = _file->write(offset, bytes); !written) {
         return written;
     }
-    return giveName();
+    lock.lock();
+    if (_failedSyncs == failedSyncs) {
+        _written = offset + bytes.size();
+    }
+    return {};
+}
+
+Result<void> TakeJournalFile::flush() {
+    const Result<void> written = write();
+    return written ? sync() : written;
 }
 
 Result<void> TakeJournalFile::create() {
@@ -48,36 +72,47 @@ Result<void> TakeJournalFile::create() {
     if (!file) {
         return std::unexpected(file.error());
     }
-    Result<std::unique_ptr<FileLock>> lock = FileLock::take(path);
-    if (lock) {
-        _lock = *std::move(lock);
+    Result<std::unique_ptr<FileLock>> fileLock = FileLock::take(path);
+    if (fileLock) {
+        _lock = *std::move(fileLock);
     } else {
         // Written all the same. Where nothing can be locked, nothing is recovered by itself either.
-        qCWarning(logRecording).noquote() << lock.error().description();
+        qCWarning(logRecording).noquote() << fileLock.error().description();
     }
+    const std::scoped_lock lock(_mutex);
     _file = *std::move(file);
     _path = path;
     return {};
 }
 
-Result<void> TakeJournalFile::writePending() {
-    if (_pending.isEmpty()) {
+Result<void> TakeJournalFile::sync() {
+    std::unique_lock lock(_mutex);
+    const std::shared_ptr<OpenFile> file = _file;
+    const qint64 written = _written;
+    const bool isThere = file && !_isDoneWith && written > 0;
+    const bool isDone = written == _synced && _isNamed;
+    lock.unlock();
+    if (!isThere || isDone) {
         return {};
     }
-    // A part of it that a failure left is written over by the same bytes.
-    if (Result<void> written = _file->write(_written, _pending); !written) {
-        return written;
-    }
-    if (Result<void> synced = _file->sync(); !synced) {
+    if (Result<void> synced = file->sync(); !synced) {
+        // The system may have forgotten what it could not write.
+        lock.lock();
+        ++_failedSyncs;
+        _written = _synced;
         return synced;
     }
-    _written += _pending.size();
-    _pending.clear();
-    return {};
+    lock.lock();
+    const qint64 newlySynced = std::max(written - _synced, qint64{0});
+    _pending.remove(0, newlySynced);
+    _synced += newlySynced;
+    lock.unlock();
+    return giveName();
 }
 
 Result<void> TakeJournalFile::giveName() {
-    if (_isNamed || _written == 0) {
+    std::unique_lock lock(_mutex);
+    if (_isNamed || _isDoneWith) {
         return {};
     }
     const QString named = _path.chopped(newSuffix.size()) + suffix;
@@ -86,16 +121,28 @@ Result<void> TakeJournalFile::giveName() {
     }
     _path = named;
     _isNamed = true;
+    lock.unlock();
     return FileSystem::current().syncFolder(_folder);
 }
 
 Result<void> TakeJournalFile::remove() {
+    std::unique_lock lock(_mutex);
     _pending.clear();
+    _isDoneWith = true;
     _file.reset();
+    const QString path = _path;
     // Removed while it is locked, or another Marquill could recover the take in between.
-    const Result<void> removed = _path.isEmpty() ? Result<void>() : FileSystem::current().removeFile(_path);
+    const Result<void> removed = path.isEmpty() ? Result<void>() : FileSystem::current().removeFile(path);
+    lock.unlock();
     _lock.reset();
     return removed;
+}
+
+void TakeJournalFile::release() {
+    const std::scoped_lock lock(_mutex);
+    _isDoneWith = true;
+    _file.reset();
+    _lock.reset();
 }
 
 }  // namespace marquill

@@ -1,6 +1,7 @@
 #include "recording/TakeRecovery.h"
 
 #include "clipstore/ClipStore.h"
+#include "platform/Clock.h"
 #include "platform/FileLock.h"
 #include "platform/Files.h"
 #include "platform/Log.h"
@@ -103,6 +104,43 @@ Result<ClipInfo> writeClip(Journal& journal) {
     return TakeWriter::write(journal.take);
 }
 
+bool isUnnamed(const QString& path) {
+    return lastPathComponent(path).startsWith(TakeJournalFile::prefix) &&
+           path.endsWith(TakeJournalFile::newSuffix);
+}
+
+// One without its name whose owner is about to lock it has no byte yet, and is not to be locked here.
+bool mayBeJournal(const QString& path) {
+    if (!isUnnamed(path)) {
+        return path.endsWith(TakeJournalFile::suffix);
+    }
+    const Result<FileAttributes> attributes = FileSystem::current().attributes(path, Links::keep);
+    return attributes && attributes->size > 0;
+}
+
+// Whether it has been lying there for longer than anybody takes to write the first line.
+bool isOld(const QString& path) {
+    constexpr double old = 60;  // seconds
+    const Result<FileAttributes> attributes = FileSystem::current().attributes(path, Links::keep);
+    return attributes && secondsBetween(attributes->modificationDate, Clock::current().now()) > old;
+}
+
+// Removes what a program left that ended before it had written the first line.
+void sweep(const QString& journalFolder) {
+    for (const QString& name : FileSystem::current().list(journalFolder).value_or(QStringList())) {
+        const QString path = joinPath(journalFolder, name);
+        if (!isUnnamed(name) || !isOld(path)) {
+            continue;
+        }
+        const Result<std::unique_ptr<FileLock>> lock = FileLock::take(path);
+        if (lock && !readJournal(path)) {
+            if (const Result<void> removed = FileSystem::current().removeFile(path); !removed) {
+                qCWarning(logRecording).noquote() << removed.error().description();
+            }
+        }
+    }
+}
+
 }  // namespace
 
 std::vector<KeptTake> keptTakes(const QString& journalFolder) {
@@ -110,12 +148,12 @@ std::vector<KeptTake> keptTakes(const QString& journalFolder) {
     const QStringList names = FileSystem::current().list(journalFolder).value_or(QStringList());
     for (const QString& name : names) {
         const QString path = joinPath(journalFolder, name);
-        if (!name.endsWith(TakeJournalFile::suffix) || !FileLock::take(path)) {
+        if (!mayBeJournal(path) || !FileLock::take(path)) {
             continue;
         }
         if (Result<Journal> journal = readJournal(path)) {
             kept.push_back({path, std::move(journal->take)});
-        } else {
+        } else if (!isUnnamed(name)) {
             qCWarning(logRecording).noquote() << journal.error().description();
         }
     }
@@ -157,6 +195,7 @@ Outcome recoverAll(const QString& journalFolder, const std::function<bool()>& is
             outcome.kept.push_back(kept);
         }
     }
+    sweep(journalFolder);
     return outcome;
 }
 

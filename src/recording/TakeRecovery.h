@@ -40,7 +40,7 @@ std::vector<KeptTake> keptTakes(const QString& journalFolder);
 /// folder is gone, those of TakeJournalFormat::read, and what the folder refused.
 Result<RecoveredTake> recover(const QString& journal, const std::optional<QString>& folder = std::nullopt);
 
-/// Recovers each into its own folder, as long as `isWanted`.
+/// Recovers each into its own folder, as long as `isWanted`, and removes files that never became journals.
 Outcome recoverAll(const QString& journalFolder, const std::function<bool()>& isWanted);
 
 /// Removes the journal, and with it what is known of the take.

@@ -12,6 +12,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <atomic>
+
 using namespace marquill;
 using namespace std::chrono_literals;
 
@@ -61,6 +63,63 @@ Dictionary markerOf(const QByteArray& line) {
 bool isReal(const Dictionary& record, const QString& key) {
     return std::holds_alternative<double>(record.find(key)->variant());
 }
+
+// A disk whose syncs do not return until they may.
+class SlowDisk final : public FileSystem {
+  public:
+    bool isWaiting() const { return _isWaiting; }
+    void goOn() { _mayGoOn.test_and_set(), _mayGoOn.notify_all(); }
+
+    Result<std::unique_ptr<OpenFile>> open(const QString& path, OpenMode mode) override {
+        auto file = system().open(path, mode);
+        if (!file) {
+            return std::unexpected(file.error());
+        }
+        return std::make_unique<File>(*this, *std::move(file));
+    }
+    Result<FileAttributes> attributes(const QString& path, Links links) override {
+        return system().attributes(path, links);
+    }
+    Result<QString> linkTarget(const QString& link) override { return system().linkTarget(link); }
+    Result<QStringList> list(const QString& folder) override { return system().list(folder); }
+    Result<void> replace(const QString& from, const QString& to) override {
+        return system().replace(from, to);
+    }
+    Result<void> move(const QString& from, const QString& to) override { return system().move(from, to); }
+    Result<void> removeFile(const QString& path) override { return system().removeFile(path); }
+    Result<void> removeFolder(const QString& path) override { return system().removeFolder(path); }
+    Result<void> makeFolder(const QString& path) override { return system().makeFolder(path); }
+    Result<void> syncFolder(const QString& path) override { return system().syncFolder(path); }
+
+  private:
+    class File final : public OpenFile {
+      public:
+        File(SlowDisk& disk, std::unique_ptr<OpenFile> file) : _disk(disk), _file(std::move(file)) {}
+        Result<FileAttributes> attributes() override { return _file->attributes(); }
+        Result<qint64> read(qint64 offset, std::span<char> buffer) override {
+            return _file->read(offset, buffer);
+        }
+        Result<void> write(qint64 offset, QByteArrayView bytes) override {
+            return _file->write(offset, bytes);
+        }
+        Result<void> sync() override {
+            _disk._isWaiting = true;
+            _disk._mayGoOn.wait(false);
+            _disk._isWaiting = false;
+            return _file->sync();
+        }
+        Result<void> setPermissions(quint32 permissions) override {
+            return _file->setPermissions(permissions);
+        }
+
+      private:
+        SlowDisk& _disk;
+        std::unique_ptr<OpenFile> _file;
+    };
+
+    std::atomic<bool> _isWaiting = false;
+    std::atomic_flag _mayGoOn;
+};
 
 }  // namespace
 
@@ -289,6 +348,47 @@ class TakeJournalTest : public QObject {
         QVERIFY(changes[2].startsWith(u"sync "_s));
         QCOMPARE(changes[3], u"move "_s + file.path());
         QCOMPARE(changes[4], u"syncFolder "_s + folder());
+    }
+
+    void whatIsWrittenNeedNotBeOnTheDiskToOutliveTheProgram() {
+        TakeJournalFile file(folder());
+        file.append(startLine);
+        QVERIFY(file.write());
+        QVERIFY(file.path().endsWith(u".new"_s));
+        QCOMPARE(readFile(file.path()).value(), startLine);
+        QVERIFY(file.sync());
+        QVERIFY(file.path().endsWith(u".journal"_s));
+    }
+
+    void aSyncThatFailedHasItsBytesWrittenAgain() {
+        FaultyFileSystem faulty;
+        const InstalledFileSystem installed(faulty);
+        TakeJournalFile file(folder());
+        file.append(startLine);
+        QVERIFY(file.flush());
+        file.append(aliveLine);
+        faulty.reset();
+        faulty.failAt(2, ErrorCode::inputOutput);
+        QVERIFY(!file.flush());
+        faulty.reset();
+        QVERIFY(file.flush());
+        QCOMPARE(faulty.changes().size(), 2);
+        QVERIFY(faulty.changes()[0].startsWith(u"write "_s));
+        QCOMPARE(readFile(file.path()).value(), startLine + aliveLine);
+    }
+
+    void aLineIsWrittenWhileTheDiskIsBusyWithThoseBefore() {
+        SlowDisk disk;
+        const InstalledFileSystem installed(disk);
+        TakeJournal journal(folder());
+        journal.begin(harbour());
+        QTRY_VERIFY_WITH_TIMEOUT(disk.isWaiting(), 60'000);
+        journal.addMarker(marker(u"Action"_s, 2.5, {{u"in"_s, true}}), 2.5);
+        QTRY_COMPARE_WITH_TIMEOUT(content(), startLine + actionLine, 60'000);
+        QVERIFY(disk.isWaiting());
+        disk.goOn();
+        QVERIFY(journal.waitUntilWritten(60s));
+        QVERIFY(names().front().endsWith(u".journal"_s));
     }
 
     void theJournalOfARunningTakeIsLocked() {

@@ -1,5 +1,6 @@
 // Takes that are recovered from their journals: once, into their folders, and never at the cost of a journal.
 #include "clipstore/ClipStore.h"
+#include "platform/FakeClock.h"
 #include "platform/FaultyFileSystem.h"
 #include "platform/FileLock.h"
 #include "platform/Files.h"
@@ -295,6 +296,27 @@ class TakeRecoveryTest : public QObject {
         QCOMPARE(QDir(journals()).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot).size(),
                  5);
         QVERIFY(clipNames().isEmpty());
+    }
+
+    void aTakeWhoseProgramEndedBeforeTheFileHadItsNameIsRecovered() {
+        leave(take(), "{\"alive\":3}\n", u"take-0123456789abcdef.new"_s);
+        QCOMPARE(TakeRecovery::recoverAll(journals(), always).recovered.size(), 1U);
+        QCOMPARE(written(clip(u"Harbour#01.xml"_s)).integer(u"clipDuration"), 3);
+        QVERIFY(journalNames().isEmpty());
+    }
+
+    void whatNeverBecameAJournalIsRemovedOnceItIsOld() {
+        FakeClock clock(std::chrono::system_clock::now());
+        QVERIFY(writeNewFile(joinPath(journals(), u"take-1.new"_s), ""));
+        QVERIFY(writeNewFile(joinPath(journals(), u"take-2.new"_s), "{\"marquillT"));
+        QVERIFY(writeNewFile(joinPath(journals(), u"take-3.new"_s), ""));
+        const auto owner = FileLock::take(joinPath(journals(), u"take-3.new"_s));
+        QVERIFY(owner);
+        TakeRecovery::recoverAll(journals(), always);
+        QCOMPARE(journalNames().size(), 3);
+        clock.advance(120);
+        TakeRecovery::recoverAll(journals(), always);
+        QCOMPARE(journalNames(), QStringList{u"take-3.new"_s});
     }
 
     void withoutAFolderThereIsNothingToRecover() {
