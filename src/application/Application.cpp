@@ -24,6 +24,7 @@
 #include <QFileOpenEvent>
 #include <QKeyEvent>
 #include <QMainWindow>
+#include <QThread>
 #include <QWindow>
 
 namespace marquill {
@@ -56,7 +57,10 @@ void keepAbove(QWidget& panel, const QWidget& main) {
 }  // namespace
 
 Application::Application(int& argc, char** argv, const Options& options)
-    : QApplication(argc, argv), _controller(*this), _options(options) {
+    : QApplication(argc, argv),
+      _controller(*this),
+      _options(options),
+      _signals([this] { terminateWithoutQuestions(); }) {
     Translations::install(_options.language);
     setApplicationName(u"marquill"_s);
     setApplicationDisplayName(u"Marquill"_s);
@@ -64,6 +68,7 @@ Application::Application(int& argc, char** argv, const Options& options)
     setDesktopFileName(u"example.marquill.Marquill"_s);
     setWindowIcon(applicationIcon());
     setQuitOnLastWindowClosed(false);
+    connect(&_ending, &QTimer::timeout, this, &Application::endUnlessADialogIsOpen);
     if (!_options.settingsFile.isEmpty()) {
         UserDefaults::useFile(_options.settingsFile);
     }
@@ -291,6 +296,33 @@ void Application::terminate() {
     if (_controller.applicationShouldTerminate()) {
         exit(0);
     }
+}
+
+void Application::terminateWithoutQuestions() {
+    if (_ending.isActive()) {
+        return;
+    }
+    constexpr std::chrono::milliseconds betweenLooks{20};
+    _ending.start(betweenLooks);
+    // Where the clip cannot be written, an alert tells it until the next look; the take's journal stays.
+    OfflineRecorder::stopRecording();
+}
+
+// What a dialog's opener still does after it needs the parts that are torn down at the end.
+void Application::endUnlessADialogIsOpen() {
+    for (QWidget* open : {QApplication::activePopupWidget(), QApplication::activeModalWidget()}) {
+        if (open) {
+            open->close();
+        }
+    }
+    if (thread()->loopLevel() > 1) {
+        return;
+    }
+    _ending.stop();
+    OfflineRecorder::stopRecording();  // one that was started since
+    ClipManager::saveEdits();
+    cleanUp();
+    exit(0);
 }
 
 void Application::terminateLater() {

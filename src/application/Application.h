@@ -6,9 +6,11 @@
 #include "application/ActionTable.h"
 #include "application/ApplicationController.h"
 #include "application/Options.h"
+#include "platform/TerminationSignals.h"
 
 #include <QApplication>
 #include <QMenu>
+#include <QTimer>
 
 #include <memory>
 
@@ -52,6 +54,9 @@ class Application : public QApplication {
     void terminate();
     /// Quits when the event in hand is through: its menu or window goes with the program.
     void terminateLater();
+    /// Quits without a question, as a system that shuts down wants it: a take is stopped and written, edits
+    /// are saved, clips in the trash stay there, and dialogs that are open are cancelled.
+    void terminateWithoutQuestions();
     void hide();
     void showPreferences();
     void recoverTakes();
@@ -90,6 +95,7 @@ class Application : public QApplication {
     void connectPanels();
     void rescueTakes();
     void open(const QStringList& paths);
+    void endUnlessADialogIsOpen();
     void cleanUp();
     bool eventFilter(QObject* watched, QEvent* event) override;
     void clipManagerStateChanged();
@@ -101,6 +107,8 @@ class Application : public QApplication {
     std::unique_ptr<OpenedFiles> _openedFiles;
     QMenu _contextMenu;
     Options _options;
+    TerminationSignals _signals;
+    QTimer _ending;  // runs from the signal to the end
     bool _launched = false;
 };
 

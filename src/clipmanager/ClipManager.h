@@ -59,6 +59,8 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
     static QStringList getTrashClips();
     /// Deletes the clips at `paths` for good and tells when some could not be.
     static void deleteClips(const QStringList& paths);
+    /// Saves what is being edited, as far as it can be.
+    static void saveEdits();
     /// Saves the clip that is edited, and asks what to do with clips that cannot be saved and with those in
     /// the trash; whether the application may quit.
     static bool cleanUp();

@@ -9,6 +9,7 @@
 #include "clipmanager/UnwrittenClips.h"
 #include "clipstore/ClipTrash.h"
 #include "connect/ClipTableController.h"
+#include "connect/ClipWriter.h"
 #include "folders/RecordFolderController.h"
 #include "markers/ClipMarkerController.h"
 #include "platform/Dialogs.h"
@@ -114,15 +115,22 @@ void ClipManager::deleteClips(const QStringList& paths) {
     TrashQuestion::deleteClips(paths, manager ? manager->window() : nullptr);
 }
 
+void ClipManager::saveEdits() {
+    if (ClipManager* const manager = getClipManager()) {
+        manager->_clips->endEditing();
+        manager->_markers->endEditing();
+        manager->_current->endEditing();
+        manager->_current->write();
+        manager->_clips->writer().retry();
+    }
+}
+
 bool ClipManager::cleanUp() {
     ClipManager* const manager = getClipManager();
     if (!manager) {
         return true;
     }
-    manager->_clips->endEditing();
-    manager->_markers->endEditing();
-    manager->_current->endEditing();
-    manager->_current->write();
+    saveEdits();
     return manager->_unwritten->mayQuit() && TrashQuestion::cleanUp(folderPaths(*manager), manager->window());
 }
 

@@ -26,6 +26,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <csignal>
+
 using namespace marquill;
 
 namespace {
@@ -491,6 +493,19 @@ class ApplicationTest : public QObject {
             QCOMPARE(alert.title, u"There is no log"_s);
             QVERIFY(alert.text.endsWith(LogFile::path()));
         }
+    }
+
+    // Last, as no event loop is entered any more once the program has been told to end.
+    void askedToEndItStopsTheTakeAndAsksNothing() {
+        QVERIFY(makeFolders(path(u"Trash"_s)));
+        QVERIFY(writeNewFile(path(u"Trash/Old#01.xml"_s), ""));
+        OfflineRecorder::startRecording();
+        QCOMPARE(raise(SIGTERM), 0);
+        QTRY_VERIFY_WITH_TIMEOUT(!ClipManager::getClipManager(), 60'000);
+        QVERIFY(fileExists(path(u"Clip#01.xml"_s)));
+        QVERIFY(fileExists(path(u"Trash/Old#01.xml"_s)));
+        QVERIFY(_dialogs->alerts.isEmpty());
+        application().finishLaunching();
     }
 };
 
