@@ -3,13 +3,16 @@
 #include "clipmanager/ClipManager.h"
 #include "connect/ClipTableController.h"
 #include "folders/RecordFolderController.h"
+#include "platform/Clock.h"
 #include "platform/DelayedCalls.h"
 #include "platform/FileBrowser.h"
+#include "platform/FileStamp.h"
 #include "platform/Files.h"
 #include "platform/FloatingPanel.h"
 #include "platform/Log.h"
 #include "platform/NoticeBar.h"
 #include "platform/StateFolder.h"
+#include "platform/UserDefaults.h"
 #include "recording/OfflineRecorder.h"
 #include "recording/RecoverTakesDialog.h"
 #include "recording/TakeJournal.h"
@@ -25,7 +28,8 @@ namespace marquill {
 namespace {
 
 constexpr std::size_t mostTakesNamed = 3;
-constexpr double untilReadAgain = 0.1;  // seconds between two looks at a folder that is being read
+constexpr double temporaryAge = 86'400;  // seconds after which a settings file is surely not being written
+constexpr double untilReadAgain = 0.1;   // seconds between two looks at a folder that is being read
 
 QString textForKept(std::size_t count) {
     return count == 1
@@ -54,9 +58,12 @@ QString TakeRescue::journalFolder() {
 }
 
 void TakeRescue::recoverAtLaunch() {
-    _work.start([this, folder = _journalFolder](const BackgroundWork::Post& post) {
+    const QString settings = parentFolder(UserDefaults::standard().path());
+    const Date old = dateByAdding(Clock::current().now(), -temporaryAge);
+    _work.start([this, settings, old, folder = _journalFolder](const BackgroundWork::Post& post) {
         const auto isWanted = [&post] { return post.isWanted(); };
         post([this, outcome = TakeRecovery::recoverAll(folder, isWanted)] { launched(outcome); });
+        sweepTemporaryFiles(settings, old);
     });
 }
 
