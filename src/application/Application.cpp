@@ -8,6 +8,7 @@
 #include "application/OpenedFiles.h"
 #include "application/TakeRescue.h"
 #include "clipmanager/ClipManager.h"
+#include "clipmanager/ClipSearchField.h"
 #include "clipstore/Notifications.h"
 #include "folders/Preferences.h"
 #include "markers/MarkerSets.h"
@@ -161,6 +162,9 @@ void Application::showKeysInToolTips() {
             action->setToolTip(action->toolTip() + u" (%1)"_s.arg(key.toString(QKeySequence::NativeText)));
         }
     }
+    if (auto* field = clipManager ? clipManager->window()->findChild<ClipSearchField*>() : nullptr) {
+        field->setKey(_actions->action(u"find"_s)->shortcut());
+    }
 }
 
 // A shortcut runs only what is enabled, whether or not its menu has been opened.
@@ -229,9 +233,10 @@ bool Application::isUndoOfNoTyping(const QKeyEvent& event) const {
 
 bool Application::takesGlobalKey(const QKeyEvent& event) const {
     const bool starts = GlobalKeys::startsRecording(event) && !OfflineRecorder::isRecording();
-    // Without a take to stop, Escape closes an open menu; windows never see it.
-    const bool escapes =
-        GlobalKeys::isEscape(event) && (OfflineRecorder::isRecording() || !QApplication::activePopupWidget());
+    // Without a take to stop, Escape closes an open menu or takes a search back; windows never see it.
+    const bool isForAWidget = QApplication::activePopupWidget() ||
+                              qobject_cast<const ClipSearchField*>(QApplication::focusWidget());
+    const bool escapes = GlobalKeys::isEscape(event) && (OfflineRecorder::isRecording() || !isForAWidget);
     return starts || escapes || GlobalKeys::markerDigit(event);
 }
 

@@ -87,6 +87,8 @@ std::vector<ActionDescription> editCommands() {
          [] { FocusedText::perform(Command::paste); }},
         {u"selectAll"_s, menu, Application::tr("Select All"), QKeySequence::SelectAll,
          [] { FocusedText::perform(Command::selectAll); }},
+        {u"find"_s, menu, Application::tr("Find…"), QKeySequence::Find,
+         [] { withClipManager(&ClipManager::find); }, true},
     };
 }
 

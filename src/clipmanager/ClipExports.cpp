@@ -91,17 +91,20 @@ bool ClipExports::hasClips() {
         alert(tr("No Folder selected"), tr("Please select a folder to export."));
         return false;
     }
-    if (_source.clipArray().empty()) {
+    const std::size_t count = _source.clipArray().size();
+    if (count == 0) {
         alert(tr("No Clips to export"), tr("There are no clips to export in the selected folder."));
         return false;
     }
     _folder = *folder;
+    _note = _source.note ? _source.note(static_cast<qsizetype>(count)) : QString();
     return true;
 }
 
 std::optional<QString> ClipExports::chooseFile(const QString& suffix) {
+    const QString title = _note.isEmpty() ? tr("Export") : tr("Export – %1").arg(_note);
     return Dialogs::current().chooseFileToSave(&_window,
-                                               {.title = tr("Export"),
+                                               {.title = title,
                                                 .startFolder = {},
                                                 .suffixes = {suffix},
                                                 .fileName = lastPathComponent(_folder) + u'.' + suffix,
@@ -154,7 +157,8 @@ void ClipExports::doExport(const Export& write, const std::function<void(const E
             failed(result.error());
         }
     };
-    _progress.run(_window, tr("Exporting the clips of %1…").arg(lastPathComponent(_folder)), work, done);
+    const QString text = tr("Exporting the clips of %1…").arg(lastPathComponent(_folder));
+    _progress.run(_window, _note.isEmpty() ? text : text + u'\n' + _note, work, done);
 }
 
 void ClipExports::showTextExportOptions() {

@@ -28,6 +28,8 @@ class ClipExports : public QObject {
     struct Source {
         std::function<std::optional<QString>()> clipFolder;  ///< the shown folder's path, or nothing
         std::function<std::vector<ClipInfo>()> clipArray;    ///< its clips in the order of the table
+        /// What is to be said of an export of so many clips, as the table shows fewer; "" for nothing.
+        std::function<QString(qsizetype clips)> note = {};
     };
 
     /// The exports of what `window` shows; both must outlive them.
@@ -69,6 +71,7 @@ class ClipExports : public QObject {
     ProgressSheet _progress;
     QPointer<QDialog> _textExportOptions;
     QString _folder;  // that is being exported
+    QString _note;    // what is to be said of it
 
     // In the options sheet.
     QRadioButton* _exportAsTextOptions_UserReadable = nullptr;

@@ -6,6 +6,7 @@
 #include "clipmanager/ClipExports.h"
 #include "clipmanager/ClipManagerSettings.h"
 #include "clipmanager/ClipMedia.h"
+#include "clipmanager/ClipSearch.h"
 #include "clipmanager/CollapsibleWindow.h"
 #include "clipmanager/CurrentClip.h"
 #include "clipmanager/DayStrip.h"
@@ -104,7 +105,10 @@ void ClipManager::setUpClipTable() {
     _clips = std::make_unique<ClipTableController>(*_clipTable, *_clipCount, _undoManager);
     _unwritten = std::make_unique<UnwrittenClips>(*_window, _clips->writer());
     _dayStrip->setClipTable(*_clips);
+    _search = std::make_unique<ClipSearch>(*_searchField, *_searchSummary, *_clips);
     _noClipsHint = new EmptyHint(*_clipTable, {});
+    connect(_noClipsHint, &EmptyHint::buttonPressed, _search.get(), &ClipSearch::clear);
+    connect(_search.get(), &ClipSearch::findsNothingChanged, this, &ClipManager::showHint);
     connect(&_reader, &ClipFolderReader::clipsRead, this,
             [this](const std::vector<ClipInfo>& clips, const std::vector<ClipFileFacts>& facts, int done,
                    int total) {
@@ -242,9 +246,14 @@ void ClipManager::folderMoved(const QString& from, const QString& to) {
 
 void ClipManager::timerAction() {
     _selectedFolderPath->setText(statusText());
-    _noClipsHint->setText(hintText());
+    showHint();
     showTakeInProgress();
     enableMarkerButtons();
+}
+
+void ClipManager::showHint() {
+    _noClipsHint->setText(hintText());
+    _noClipsHint->setButton(_search->findsNothing() && !_isReading ? tr("Clear Search") : QString());
 }
 
 void ClipManager::showTakeInProgress() {
@@ -260,6 +269,9 @@ QString ClipManager::hintText() const {
     }
     if (_isReading) {
         return tr("Reading clips…");
+    }
+    if (_search->findsNothing()) {
+        return tr("No clip matches");
     }
     return folderExists(*shownFolder())
                ? tr("No clips in this folder.\nPress Control-Space to start a take, or import movies.")

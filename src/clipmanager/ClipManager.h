@@ -31,6 +31,8 @@ class ClipExports;
 class ClipFolderWatch;
 class ClipMarkerController;
 class ClipMediaReader;
+class ClipSearch;
+class ClipSearchField;
 class ClipTableController;
 class CollapsibleWindow;
 class CurrentClip;
@@ -118,6 +120,8 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
     // Each gives the keyboard to a part of the window.
     void goToFolders();
     void goToClips();
+    /// To the search field, its text selected.
+    void find();
     void goToMovie();
     void goToAttributes();
     void goToMarkers();
@@ -217,6 +221,7 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
     void aboutToMerge(const ClipInfo& clip);
     void merged(const ClipInfo& clip, const ClipInfo& theirs);
     void aboutToBeGone(const ClipInfo& clip);
+    void showHint();
     void observe();
     void restore(const Dictionary& settings);
     void restoreFrame(const Dictionary& settings);
@@ -237,6 +242,8 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
     MoviePreview* _moviePreview = nullptr;
     QLabel* _timeCode = nullptr;
     QLabel* _clipCount = nullptr;
+    QLabel* _searchSummary = nullptr;
+    ClipSearchField* _searchField = nullptr;
     QWidget* _statusLine = nullptr;
     QLabel* _selectedFolderPath = nullptr;
     QProgressBar* _progressInd = nullptr;
@@ -247,6 +254,7 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
     // After the window, as they must go before its tables do.
     std::unique_ptr<RecordFolderController> _folderList;
     std::unique_ptr<ClipTableController> _clips;
+    std::unique_ptr<ClipSearch> _search;
     std::unique_ptr<UnwrittenClips> _unwritten;
     std::unique_ptr<ClipConflicts> _conflicts;
     std::unique_ptr<ClipFolderWatch> _watch;

@@ -2,6 +2,7 @@
 // exports, and the trash at quitting.
 #include "clipmanager/ClipExports.h"
 #include "clipmanager/ClipManager.h"
+#include "clipmanager/ClipSearch.h"
 #include "clipmanager/CurrentClip.h"
 #include "clipmanager/LeftOutMoviesDialog.h"
 #include "clipmanager/MovieImport.h"
@@ -92,8 +93,10 @@ ImportedMovies ClipManager::importMovies(const QStringList& paths) {
 
 void ClipManager::setUpExports() {
     _exports = std::make_unique<ClipExports>(
-        *_window, ClipExports::Source{.clipFolder = [this] { return shownFolder(); },
-                                      .clipArray = [this] { return clipsToExport(); }});
+        *_window,
+        ClipExports::Source{.clipFolder = [this] { return shownFolder(); },
+                            .clipArray = [this] { return clipsToExport(); },
+                            .note = [this](qsizetype clips) { return _search->exportNote(clips); }});
 }
 
 // While the folder is still being read the table holds a part of it; an export of a part would look whole.

@@ -3,6 +3,7 @@
 #include "clipmanager/ClipManager.h"
 #include "clipmanager/ClipManagerSettings.h"
 #include "clipmanager/ClipManagerToolbar.h"
+#include "clipmanager/ClipSearchField.h"
 #include "clipmanager/CollapsibleWindow.h"
 #include "clipmanager/CurrentClip.h"
 #include "clipmanager/DayStrip.h"
@@ -45,6 +46,7 @@ Result<void> ClipManager::connectOutlets() {
     outlets.connect(_clipSplitView, u"_clipSplitView"_s);
     outlets.connect(_detailSplitView, u"_detailSplitView"_s);
     outlets.connect(_clipCount, u"_clipCount"_s);
+    outlets.connect(_searchSummary, u"_searchSummary"_s);
     outlets.connect(_moviePreview, u"_moviePreview"_s);
     outlets.connect(_timeCode, u"_timeCode"_s);
     outlets.connect(_statusLine, u"_statusLine"_s);
@@ -70,6 +72,8 @@ void ClipManager::buildToolbar() {
             {u"DeleteClips"_s, tr("Delete Clips"), tr("Delete clips"), [this] { deleteClipsButton(); }},
         },
         _window.get());
+    _searchField = new ClipSearchField(toolbar);
+    toolbar->addAtEnd(*_searchField);
     _window->addToolBar(toolbar);
     _removeFolderItem = toolbar->item(u"RemoveFolder"_s);
     _removeFolderItem->setEnabled(false);
@@ -151,6 +155,11 @@ void ClipManager::goToClips() {
     if (_clips->selectedClipArray().empty()) {
         _clips->selectNextClip();
     }
+}
+
+void ClipManager::find() {
+    goTo(*_searchField);
+    _searchField->selectAll();
 }
 
 void ClipManager::goToMovie() {

@@ -237,6 +237,12 @@ void ClipTableController::selectOnly(int row) {
     scrollToClip(_model.clipAt(row));
 }
 
+void ClipTableController::selectFirstClip() {
+    if (_rows.rowCount() > 0) {
+        selectOnly(_rows.modelRow(0));
+    }
+}
+
 void ClipTableController::selectNextClip() {
     const std::vector<int> selected = selectedRows();
     const int next = selected.empty() ? 0 : _rows.rowOf(selected.back()) + 1;

@@ -72,6 +72,8 @@ class ClipTableController : public QObject {
     /// hidden leaves the selection.
     void setQuery(const QString& query);
     const QString& query() const { return _query; }
+    /// What was left out of it, see ClipFilter::problem().
+    const QString& queryProblem() const { return _queryProblem; }
     /// Whether the query hides what it does not find.
     bool isSearching() const { return !_model.filter().isEmpty(); }
     /// Makes ready for the first key of a query, bit by bit.
@@ -91,6 +93,7 @@ class ClipTableController : public QObject {
     void selectClip(const ClipInfo& clip) { selectClips({clip}); }
     /// Selects them on a later turn of the event loop.
     void deferredSelectRows(const std::vector<ClipInfo>& clips);
+    void selectFirstClip();
     /// Selects the clip below the selection; after the last one the first.
     void selectNextClip();
     /// Selects the clip above the selection; without a selection the last one.
@@ -236,6 +239,7 @@ class ClipTableController : public QObject {
     QSet<QString> _arrivedNames;  // clips that came while the folder is being read, and not by reading
     std::vector<std::pair<QString, QString>> _movedFolders;  // from, to; in the order they were moved
     QString _query;
+    QString _queryProblem;
     QTimer _keptTimer;     // hides what is not found any more once the selection has left it
     QTimer _prepareTimer;  // runs while the clips' texts are folded
     int _preparedRows = 0;

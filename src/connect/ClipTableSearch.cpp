@@ -36,6 +36,7 @@ void ClipTableController::prepareSearch() {
 void ClipTableController::setQuery(const QString& query) {
     _query = query;
     ClipFilter filter = ClipFilter::parse(query);
+    _queryProblem = filter.problem();
     if (filter.asksSameAs(_model.filter())) {
         return;
     }

@@ -1,7 +1,12 @@
 #include "platform/EmptyHint.h"
 
+#include "platform/Literals.h"
+
 #include <QAbstractItemView>
 #include <QEvent>
+#include <QPushButton>
+
+#include <algorithm>
 
 namespace marquill {
 
@@ -18,6 +23,7 @@ EmptyHint::EmptyHint(QAbstractItemView& view, const QString& text)
     connect(model, &QAbstractItemModel::rowsInserted, this, &EmptyHint::followView);
     connect(model, &QAbstractItemModel::rowsRemoved, this, &EmptyHint::followView);
     connect(model, &QAbstractItemModel::modelReset, this, &EmptyHint::followView);
+    connect(model, &QAbstractItemModel::layoutChanged, this, &EmptyHint::followView);
     followView();
 }
 
@@ -28,9 +34,33 @@ bool EmptyHint::eventFilter(QObject* watched, QEvent* event) {
     return QLabel::eventFilter(watched, event);
 }
 
+void EmptyHint::setButton(const QString& title) {
+    if (title.isEmpty() && _button) {
+        // It may be the one that is being pressed.
+        _button->hide();
+        _button->deleteLater();
+        _button.clear();
+    } else if (!title.isEmpty() && !_button) {
+        _button = new QPushButton(_view.viewport());
+        _button->setObjectName(u"_hintButton"_s);
+        connect(_button, &QPushButton::clicked, this, &EmptyHint::buttonPressed);
+    }
+    if (_button) {
+        _button->setText(title);
+        _button->adjustSize();
+    }
+    followView();
+}
+
 void EmptyHint::followView() {
+    const bool isEmpty = _view.model() && _view.model()->rowCount() == 0;
     setGeometry(_view.viewport()->rect());
-    setVisible(_view.model() && _view.model()->rowCount() == 0);
+    setVisible(isEmpty);
+    if (_button) {
+        const int below = height() / 2 + fontMetrics().height();
+        _button->move((width() - _button->width()) / 2, std::min(below, height() - _button->height()));
+        _button->setVisible(isEmpty);
+    }
 }
 
 }  // namespace marquill

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <QLabel>
+#include <QPointer>
 
 class QAbstractItemView;
+class QPushButton;
 
 namespace marquill {
 
@@ -14,6 +16,12 @@ class EmptyHint : public QLabel {
     /// Shows `text` in the middle of `view` whenever its model, which must be set, has no rows.
     EmptyHint(QAbstractItemView& view, const QString& text);
 
+    /// A button below the text; without a title there is none.
+    void setButton(const QString& title);
+
+  Q_SIGNALS:
+    void buttonPressed();
+
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -21,6 +29,7 @@ class EmptyHint : public QLabel {
     void followView();
 
     QAbstractItemView& _view;
+    QPointer<QPushButton> _button;  // the viewport's, as clicks pass the text by
 };
 
 }  // namespace marquill

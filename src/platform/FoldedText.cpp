@@ -9,11 +9,8 @@ namespace marquill {
 
 namespace {
 
-constexpr char16_t firstNonAscii = 0x80;
-
-bool isAscii(QStringView text) {
-    return std::ranges::all_of(text, [](QChar c) { return c.unicode() < firstNonAscii; });
-}
+// Up to here each character is folded by itself: Latin, Greek and Cyrillic, with the marks upon them.
+constexpr char16_t endOfAlphabets = 0x0530;
 
 // The marks of alphabets that are read without them too; vowel signs of other scripts are letters to search.
 bool isDiacritic(char16_t unit) {
@@ -85,22 +82,37 @@ std::string withSingleSpaces(std::string bytes) {
     return bytes;
 }
 
-char lowerCased(QChar c) {
-    const char byte = c.toLatin1();
-    return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
+std::string foldedLetters(QStringView text) {
+    QString plain = plainLetters(text);
+    std::ranges::replace_if(plain, isSpace, QChar(u' '));
+    return plain.toStdString();
+}
+
+// What each character of the alphabets is folded to, worked out once.
+const std::string& foldedLetter(char16_t unit) {
+    static const auto letters = [] {
+        std::array<std::string, endOfAlphabets> folded;
+        for (char16_t letter = 0; letter < endOfAlphabets; ++letter) {
+            folded.at(letter) = foldedLetters(QStringView(&letter, 1));
+        }
+        return folded;
+    }();
+    return letters.at(unit);
 }
 
 }  // namespace
 
 std::string foldedText(QStringView text) {
-    if (isAscii(text)) {
-        std::string bytes(static_cast<std::size_t>(text.size()), '\0');
-        std::ranges::transform(text, bytes.begin(), lowerCased);
-        return withSingleSpaces(std::move(bytes));
+    const auto isOfAlphabets = [](QChar c) { return c.unicode() < endOfAlphabets; };
+    if (!std::ranges::all_of(text, isOfAlphabets)) {
+        return withSingleSpaces(foldedLetters(text));
     }
-    QString plain = plainLetters(text);
-    std::ranges::replace_if(plain, isSpace, QChar(u' '));
-    return withSingleSpaces(plain.toStdString());
+    std::string folded;
+    folded.reserve(static_cast<std::size_t>(text.size()) + 2);
+    for (const QChar c : text) {
+        folded += foldedLetter(c.unicode());
+    }
+    return withSingleSpaces(std::move(folded));
 }
 
 }  // namespace marquill

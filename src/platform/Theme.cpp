@@ -57,6 +57,7 @@ constexpr NamedColour namedColours[] = {
     {"accentPressed"_L1, &ThemeColours::accentPressed},
     {"accentText"_L1, &ThemeColours::accentText},
     {"recording"_L1, &ThemeColours::recording},
+    {"warning"_L1, &ThemeColours::warning},
 };
 
 QString styleSheet(const ThemeColours& colours) {

@@ -1,0 +1,168 @@
+// Searching 100,000 clips offscreen: a letter typed into the search, until the table has its rows and has
+// painted them, beside a bare search of the same folded texts in one buffer. Run with
+// QT_QPA_PLATFORM=offscreen.
+#include "connect/ClipTableController.h"
+#include "platform/TableView.h"
+#include "platform/Theme.h"
+#include "platform/UndoManager.h"
+#include "platform/UserDefaults.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+#include <malloc.h>
+
+using namespace marquill;
+
+namespace {
+
+constexpr int clipCount = 100'000;
+constexpr int markersPerClip = 4;
+
+ClipInfo clip(int number) {
+    ClipInfo info;
+    info.setClipName(u"Interview %1#%2.xml"_s.arg(number * 7919 % clipCount).arg(number % 12));
+    info.setClipScene(u"Scene %1"_s.arg(number % 977));
+    info.setClipLabel(number % 3 == 0 ? u"Print"_s : u"Hold"_s);
+    info.setClipRating(number % 6);
+    info.setClipComment(u"The boat %1 enters from the left, café behind"_s.arg(number % 5003));
+    info.setClipPath(u"/media/A001_C%1.mov"_s.arg(number % 99991));
+    Array markers;
+    for (int marker = 0; marker < markersPerClip; ++marker) {
+        markers.append(Dictionary{{u"clipMarkerTitle"_s, u"Action %1"_s.arg(marker)},
+                                  {u"clipMarkerComment"_s, u"cue %1"_s.arg((number + marker) % 61)}});
+    }
+    info.setClipMarkerArray(markers);
+    return info;
+}
+
+const std::vector<ClipInfo>& clips() {
+    static const std::vector<ClipInfo> made = [] {
+        std::vector<ClipInfo> all;
+        for (int number = 0; number < clipCount; ++number) {
+            all.push_back(clip(number));
+        }
+        return all;
+    }();
+    return made;
+}
+
+struct Window {
+    QWidget window;
+    TableView table{&window};
+    QLabel count;
+    UndoManager undo;
+    ClipTableController controller{table, count, undo};
+
+    Window() {
+        window.resize(1200, 800);
+        table.resize(1200, 800);
+        window.show();
+        controller.setClipArray(clips(), u"/nowhere"_s);
+        QApplication::processEvents();
+    }
+
+    void search(const QString& query) {
+        controller.setQuery(query);
+        table.viewport()->grab();
+    }
+};
+
+// What is typed, letter by letter: the whole way from the first letter to the last.
+const QStringList typed = {u"b"_s,      u"bo"_s,      u"boa"_s,      u"boat"_s,
+                           u"boat 4"_s, u"boat 42"_s, u"boat 421"_s, u"boat 4210"_s};
+
+// Each letter after the one before it; the mean is reported, and the slowest as "slowest_ms".
+void typeALetter(benchmark::State& state) {
+    Window window;
+    window.controller.setQuery(u"nothing has this"_s);
+    double slowest = 0;
+    for (auto _ : state) {
+        double all = 0;
+        for (const QString& query : typed) {
+            const auto start = std::chrono::steady_clock::now();
+            window.search(query);
+            const std::chrono::duration<double> lasted = std::chrono::steady_clock::now() - start;
+            slowest = std::max(slowest, lasted.count());
+            all += lasted.count();
+        }
+        state.SetIterationTime(all / static_cast<double>(typed.size()));
+        state.PauseTiming();
+        window.search(u""_s);
+        state.ResumeTiming();
+    }
+    state.counters["slowest_ms"] = slowest * 1e3;
+}
+
+// The same words looked for in one buffer of the same folded texts, every clip's end known: the least that
+// can be done.
+void rawScan(benchmark::State& state) {
+    std::string all;
+    for (const ClipInfo& info : clips()) {
+        all += ClipSearchText(info).text();
+        all += '\n';
+    }
+    for (auto _ : state) {
+        std::size_t found = 0;
+        for (const QString& query : typed) {
+            const std::string word = query.section(u' ', -1).toStdString();
+            for (std::size_t place = all.find(word); place != std::string::npos;
+                 place = all.find(word, all.find('\n', place))) {
+                ++found;
+            }
+        }
+        benchmark::DoNotOptimize(found);
+        state.counters["megabytes"] = static_cast<double>(all.size()) / 1e6;
+    }
+    state.counters["letters"] = static_cast<double>(typed.size());
+}
+
+// One query over all clips, the table already painted with another one.
+void query(benchmark::State& state, const char* text) {
+    Window window;
+    window.controller.setQuery(u"nothing has this"_s);
+    for (auto _ : state) {
+        window.search(QString::fromUtf8(text));
+        state.PauseTiming();
+        window.search(u""_s);
+        state.ResumeTiming();
+    }
+}
+
+// What the first search of a folder costs once more, when nothing was prepared; and what it keeps.
+void firstQuery(benchmark::State& state) {
+    Window window;
+    const auto bytes = [] { return static_cast<double>(mallinfo2().uordblks + mallinfo2().hblkhd); };
+    for (auto _ : state) {
+        state.PauseTiming();
+        window.controller.setQuery(u""_s);
+        window.controller.setClipArray(clips(), u"/nowhere"_s);
+        window.table.viewport()->grab();
+        const double before = bytes();
+        state.ResumeTiming();
+        window.search(u"b"_s);
+        state.counters["bytes_per_clip"] = (bytes() - before) / clipCount;
+    }
+}
+
+BENCHMARK(typeALetter)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(10);
+BENCHMARK(rawScan)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(query, everyClip, "scene")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(query, everyOtherClip, "rating:>=3 boat")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(query, noClip, "qqq")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(query, oneClip, "\"interview 4242\"")->Unit(benchmark::kMillisecond);
+BENCHMARK(firstQuery)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    const QTemporaryDir settings;
+    UserDefaults::useFile(settings.filePath(u"settings.plist"_s));
+    Theme::apply(application, Theme::Choice::dark);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
