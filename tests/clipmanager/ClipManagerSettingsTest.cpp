@@ -154,15 +154,14 @@ class ClipManagerSettingsTest : public QObject {
         _fixture->manager->collapseWindow();
         QTest::qWait(10);
         _fixture->manager->collapseWindow();
-        QTest::qWait(10);
-        QCOMPARE(split.sizes(), before);
+        QTRY_COMPARE(split.sizes(), before);
     }
 
     void movedWindowIsSavedOnceItRests() {
         _fixture->show();
         QTest::qWait(700);
         window().setGeometry(33, 44, 1010, 510);
-        QTRY_COMPARE_WITH_TIMEOUT(savedSettings().real(u"kWindWidth"_s), 1010.0, 3000);
+        QTRY_COMPARE(savedSettings().real(u"kWindWidth"_s), 1010.0);
         QCOMPARE(savedSettings().real(u"kWindPosX"_s), 33.0);
         QVERIFY(savedSettings().array(u"kRecordFolderArray"_s));
     }

@@ -43,7 +43,7 @@ class Window {
     TableView* table() const { return find<TableView>(u"_movieTable"_s); }
     QPushButton* button(const QString& name) const { return find<QPushButton>(name); }
     bool isAtRest() const {
-        return QTest::qWaitFor([this] { return !dialog->isBusy(); }, 10'000);
+        return QTest::qWaitFor([this] { return !dialog->isBusy(); }, 60'000);
     }
     QStringList column(int column) const {
         QStringList texts;

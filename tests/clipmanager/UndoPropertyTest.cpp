@@ -257,7 +257,7 @@ class UndoPropertyTest : public QObject {
             fixture.show();
             fixture.select(u"White#01.xml"_s);
             const auto& preview = fixture.outlet<MoviePreview>(u"_moviePreview"_s);
-            RC_ASSERT(QTest::qWaitFor([&preview] { return preview.isLoaded(); }, 10'000));
+            RC_ASSERT(QTest::qWaitFor([&preview] { return preview.isLoaded(); }, 60'000));
             UndoneClips clips(fixture);
             perform(clips, deeds);
         });

@@ -89,7 +89,7 @@ class ClipUpdateTest : public QObject {
                       "d['clipCreationDate']=d['clipCreationDate'].isoformat()\n"
                       "sys.stdout.buffer.write(json.dumps(d,sort_keys=True,ensure_ascii=False).encode())"_s,
                       folder.path(u"a#01.xml"_s)});
-        if (!python.waitForFinished() || python.exitCode() != 0) {
+        if (!python.waitForFinished(60'000) || python.exitCode() != 0) {
             QSKIP("Python 3 is not installed");
         }
         QCOMPARE(python.readAllStandardOutput(),
@@ -112,7 +112,7 @@ class ClipUpdateTest : public QObject {
              "datetime.datetime(2026,11,21,8,5)],'clipMarkerArray':[{'clipMarkerTitle':'Cut','x':{}}]},"
              "open(sys.argv[1],'wb'))"_s,
              folder.path(u"a#01.xml"_s)});
-        if (!python.waitForFinished() || python.exitCode() != 0) {
+        if (!python.waitForFinished(60'000) || python.exitCode() != 0) {
             QSKIP("Python 3 is not installed");
         }
         const QByteArray before = folder.contents(u"a#01.xml"_s);

@@ -38,7 +38,7 @@ inline Outcome run(const QStringList& arguments, const QByteArray& input = {}, c
     process.start(QStringLiteral(MARQUILL_PROGRAM), arguments);
     process.write(input);
     process.closeWriteChannel();
-    process.waitForFinished();
+    process.waitForFinished(100'000);
     return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
             process.readAllStandardOutput(), process.readAllStandardError()};
 }

@@ -22,7 +22,7 @@ struct Outcome {
 Outcome probe(const QString& path) {
     QProcess process;
     process.start(QStringLiteral(MARQUILL_PROGRAM), {u"probe"_s, path, u"--json"_s});
-    if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit) {
+    if (!process.waitForFinished(60'000) || process.exitStatus() != QProcess::NormalExit) {
         return {};
     }
     return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};

@@ -17,7 +17,7 @@ using namespace marquill;
 
 namespace {
 
-constexpr int patience = 10'000;  // milliseconds, for each movie
+constexpr int patience = 60'000;  // milliseconds, for each movie
 constexpr int steps = 40;         // frames of each movie that are stepped through
 
 // Movies whose samples ffprobe does not tell one by one.
@@ -150,7 +150,7 @@ void ShownMovieCorpusTest::timeCodesAreThoseOfTheFrames() {
         const auto shown = [&] {
             return QTHelper::timeCodeStringFromQTTime(_preview.currentTime(), *_preview.movie());
         };
-        if (!QTest::qWaitFor([&] { return shown() == expected[i]; }, 2000)) {
+        if (!QTest::qWaitFor([&] { return shown() == expected[i]; }, patience)) {
             QCOMPARE(shown(), expected[i]);
         }
     }

@@ -21,7 +21,7 @@ using namespace marquill;
 
 namespace {
 
-constexpr int patience = 10'000;  // milliseconds
+constexpr int patience = 60'000;  // milliseconds
 
 using Column = ClipMarkerModel::Column;
 

@@ -44,7 +44,7 @@ QByteArray contents(const QString& path) {
 qint64 birthTold(const QString& path) {
     QProcess stat;
     stat.start(u"stat"_s, {u"-c"_s, u"%W"_s, path});
-    stat.waitForFinished();
+    stat.waitForFinished(60'000);
     return stat.readAllStandardOutput().trimmed().toLongLong();
 }
 
@@ -203,7 +203,7 @@ class FileSystemTest : public QObject {
         }
         QProcess tool;
         tool.start(u"ls"_s, {u"-U"_s, _folder->path()});
-        QVERIFY(tool.waitForFinished());
+        QVERIFY(tool.waitForFinished(60'000));
         const QString told = QString::fromUtf8(tool.readAllStandardOutput());
         QCOMPARE(files().list(_folder->path()).value(), told.split(u'\n', Qt::SkipEmptyParts));
     }

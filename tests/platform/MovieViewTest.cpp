@@ -15,7 +15,7 @@ using namespace marquill;
 
 namespace {
 
-constexpr int patience = 5'000;  // milliseconds; nothing here takes one second
+constexpr int patience = 60'000;  // milliseconds; nothing here takes one second on a machine with time
 
 MovieSource sourceOf(const QString& path, qint32 timeScale) {
     auto starts = std::make_shared<std::vector<qint64>>();
@@ -257,8 +257,9 @@ void MovieViewTest::playingReachesTheEndAndStartsAgain() {
     QCOMPARE(playing[1][0].toBool(), false);
     QVERIFY(showsFrame(*_view, 9));
     _view->play();
-    QTRY_VERIFY_WITH_TIMEOUT(_view->isPlaying(), patience);
-    QTRY_VERIFY_WITH_TIMEOUT(!_view->isPlaying(), patience);
+    QTRY_VERIFY_WITH_TIMEOUT(playing.count() == 4, patience);
+    QCOMPARE(playing[2][0].toBool(), true);
+    QCOMPARE(playing[3][0].toBool(), false);
     QVERIFY(showsFrame(*_view, 9));
 }
 
@@ -273,6 +274,8 @@ void MovieViewTest::keysPlayStepAndGoToTheEnds() {
     QVERIFY(showsFrame(*_view, 73));
     QTest::keyClick(_view.get(), Qt::Key_Home);
     QVERIFY(showsFrame(*_view, 0));
+    // One that is not over before the second key.
+    QVERIFY(load(*_view, sourceOf(_maker.makeShades(u"long.mov"_s, u"25"_s, 90), 600)));
     for (const Qt::Key play : {Qt::Key_Space, Qt::Key_L}) {
         QTest::keyClick(_view.get(), play);
         QTRY_VERIFY_WITH_TIMEOUT(_view->isPlaying(), patience);

@@ -33,7 +33,7 @@ class SubpathsTest : public QObject {
         make(u".hidden/a.mov"_s);
         QProcess find;
         find.start(u"find"_s, {_folder->path(), u"-mindepth"_s, u"1"_s, u"-printf"_s, u"%P\n"_s});
-        QVERIFY(find.waitForFinished());
+        QVERIFY(find.waitForFinished(60'000));
         const QString told = QString::fromUtf8(find.readAllStandardOutput());
         QCOMPARE(found(), told.split(u'\n', Qt::SkipEmptyParts));
     }

@@ -313,23 +313,23 @@ class TakeJournalTest : public QObject {
         TakeJournal journal(folder());
         TakeRecord take = harbour();
         journal.begin(take);
-        QVERIFY(journal.waitUntilWritten(10s));
+        QVERIFY(journal.waitUntilWritten(60s));
         QCOMPARE(content(), startLine);
         QVERIFY(names().front().endsWith(u".journal"_s));
         journal.addMarker(marker(u"Action"_s, 2.5, {{u"in"_s, true}}), 2.5);
         take.elapsed = 4;
         journal.beat(take);
         journal.addMarker(marker(u"Cut"_s, 5.125), 5.125);
-        QVERIFY(journal.waitUntilWritten(10s));
+        QVERIFY(journal.waitUntilWritten(60s));
         QCOMPARE(content(), startLine + actionLine + aliveLine + cutLine);
         take.elapsed = 6;
         take.scene = u"12B"_s;
         journal.stop(take);
-        QVERIFY(journal.waitUntilWritten(10s));
+        QVERIFY(journal.waitUntilWritten(60s));
         QCOMPARE(content(),
                  startLine + actionLine + aliveLine + cutLine + "{\"scene\":\"12B\"}\n{\"stop\":6}\n");
         journal.remove();
-        QVERIFY(journal.waitUntilWritten(10s));
+        QVERIFY(journal.waitUntilWritten(60s));
         QVERIFY(names().isEmpty());
     }
 
@@ -430,14 +430,14 @@ class TakeJournalTest : public QObject {
         TakeJournal journal(folder());
         const QSignalSpy problems(&journal, &TakeJournal::problemChanged);
         journal.begin(harbour());
-        QVERIFY(journal.waitUntilWritten(10s));
+        QVERIFY(journal.waitUntilWritten(60s));
         journal.beat(harbour());
-        QVERIFY(journal.waitUntilWritten(10s));
+        QVERIFY(journal.waitUntilWritten(60s));
         QTRY_COMPARE(problems.size(), 1);
         QVERIFY(!problems[0][0].toString().isEmpty());
         faulty.reset();
         journal.beat(harbour());
-        QVERIFY(journal.waitUntilWritten(10s));
+        QVERIFY(journal.waitUntilWritten(60s));
         QTRY_COMPARE(problems.size(), 2);
         QVERIFY(problems[1][0].toString().isEmpty());
         QCOMPARE(content(), startLine + "{\"alive\":0}\n{\"alive\":0}\n");
@@ -449,7 +449,7 @@ class TakeJournalTest : public QObject {
         journal.begin(harbour());
         journal.stop(harbour());
         journal.keep();
-        QVERIFY(journal.waitUntilWritten(10s));
+        QVERIFY(journal.waitUntilWritten(60s));
         QTRY_COMPARE(kept.size(), 1);
         QVERIFY(FileLock::take(joinPath(folder(), names().front())));
         QCOMPARE(content(), startLine + "{\"stop\":0}\n");
@@ -460,10 +460,10 @@ class TakeJournalTest : public QObject {
         journal.begin(harbour());
         journal.keep();
         journal.begin(harbour());
-        QVERIFY(journal.waitUntilWritten(10s));
+        QVERIFY(journal.waitUntilWritten(60s));
         QCOMPARE(names().size(), 2);
         journal.remove();
-        QVERIFY(journal.waitUntilWritten(10s));
+        QVERIFY(journal.waitUntilWritten(60s));
         QCOMPARE(content(), startLine);
     }
 
@@ -481,7 +481,7 @@ class TakeJournalTest : public QObject {
         journal.begin(harbour());
         journal.addMarker(marker(QString(2 << 20, u'x'), 1), 1);
         journal.beat(harbour());
-        QVERIFY(journal.waitUntilWritten(10s));
+        QVERIFY(journal.waitUntilWritten(60s));
         QCOMPARE(content(), startLine + "{\"alive\":0}\n");
     }
 };
