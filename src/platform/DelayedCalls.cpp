@@ -7,6 +7,7 @@
 #include <chrono>
 #include <cmath>
 #include <limits>
+#include <optional>
 #include <vector>
 
 namespace marquill::DelayedCalls {
@@ -15,6 +16,12 @@ namespace {
 
 using Moment = std::chrono::steady_clock::time_point;
 using Duration = Moment::duration;
+
+std::optional<Moment> heldMoment;
+
+Moment now() {
+    return heldMoment.value_or(std::chrono::steady_clock::now());
+}
 
 Duration durationOf(double seconds) {
     constexpr double aboutThreeWeeks = 2'000'000;  // What the timers' 32-bit milliseconds hold.
@@ -26,7 +33,7 @@ Duration durationOf(double seconds) {
 class Call final : public QTimer {
   public:
     Call(QObject* target, Duration delay, std::function<void()> function)
-        : QTimer(target), _due(std::chrono::steady_clock::now() + delay), _function(std::move(function)) {
+        : QTimer(target), _due(now() + delay), _function(std::move(function)) {
         setSingleShot(true);
         setTimerType(Qt::PreciseTimer);
         QObject::connect(this, &QTimer::timeout, this, [this] { perform(); });
@@ -55,7 +62,11 @@ class Call final : public QTimer {
 
   private:
     void startTimer() {
-        const Duration left = std::max(_due - std::chrono::steady_clock::now(), Duration::zero());
+        const Duration left = std::max(_due - now(), Duration::zero());
+        if (heldMoment && left > Duration::zero()) {
+            stop();
+            return;
+        }
         start(std::chrono::round<std::chrono::milliseconds>(left));
     }
 
@@ -102,9 +113,7 @@ void elapse(QObject* target, double seconds) {
         const std::vector<Call*> calls = callsOf(target);
         const auto next = std::ranges::min_element(calls, {}, &Call::due);
         const Duration wait =
-            next == calls.end()
-                ? Duration::max()
-                : std::max((*next)->due() - std::chrono::steady_clock::now(), Duration::zero());
+            next == calls.end() ? Duration::max() : std::max((*next)->due() - now(), Duration::zero());
         const Duration step = std::min(wait, left);
         Call* const call = wait <= left ? *next : nullptr;
         bringAllNearer(target, step);
@@ -114,6 +123,14 @@ void elapse(QObject* target, double seconds) {
         left -= step;
         call->perform();
     }
+}
+
+HeldTime::HeldTime() {
+    heldMoment = std::chrono::steady_clock::now();
+}
+
+HeldTime::~HeldTime() {
+    heldMoment.reset();
 }
 
 }  // namespace marquill::DelayedCalls

@@ -22,4 +22,14 @@ int pendingCount(const QObject* target);
 /// and brings the later ones that much nearer: what a test does instead of waiting.
 void elapse(QObject* target, double seconds);
 
+/// While it lives, time stands still for delayed calls: elapse alone makes those that are to come later,
+/// however long the test takes. For tests; one at a time, and made before the calls.
+class HeldTime {
+  public:
+    HeldTime();
+    ~HeldTime();
+    HeldTime(const HeldTime&) = delete;
+    HeldTime& operator=(const HeldTime&) = delete;
+};
+
 }  // namespace marquill::DelayedCalls

@@ -267,6 +267,7 @@ class MarkerSetsTest : public QObject {
     }
 
     void aKeyHighlightsItsButtonForFiveSeconds() {
+        const DelayedCalls::HeldTime held;
         launch();
         MarkerSets::processNumKey(2, struck);
         DelayedCalls::elapse(MarkerSets::controller(), 4.5);
@@ -277,6 +278,7 @@ class MarkerSetsTest : public QObject {
     }
 
     void aSecondStrokeDoesNotProlongTheHighlight() {
+        const DelayedCalls::HeldTime held;
         launch();
         MarkerSets::processNumKey(2, struck);
         DelayedCalls::elapse(MarkerSets::controller(), 3);

@@ -214,6 +214,7 @@ class MarkerWindowTest : public QObject {
     }
 
     void aClickFiresTheSetsTitleOneSecondLater() {
+        const DelayedCalls::HeldTime held;
         FakeClock clock;
         launch(threeSets());
         MarkerSets::setMarkersEnabled(true);
@@ -228,6 +229,7 @@ class MarkerWindowTest : public QObject {
     }
 
     void aClickFiresTheSetThatIsCurrentByThen() {
+        const DelayedCalls::HeldTime held;
         launch(threeSets());
         MarkerSets::setMarkersEnabled(true);
         const FiredMarkers fired;

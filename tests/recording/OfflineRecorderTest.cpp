@@ -371,6 +371,7 @@ class OfflineRecorderTest : public QObject {
     }
 
     void enteringANameGivesTheKeysBackToThePanel() {
+        const DelayedCalls::HeldTime held;
         auto* name = field<QLineEdit>(u"_defaultClipName"_s);
         OfflineRecorder::window()->makeKeyAndOrderFront();
         QVERIFY(QTest::qWaitForWindowActive(OfflineRecorder::window()));
