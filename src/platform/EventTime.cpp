@@ -28,13 +28,30 @@ quint32 windowSystemMilliseconds() {
 // Longer than any event waits; shorter than two machines' clocks are likely to lie apart.
 constexpr quint32 longestWait = 30'000;
 
+struct Moment {
+    Date date;
+    quint32 milliseconds;
+};
+
+// Both clocks at one moment: on a busy machine the program may lose its turn between them.
+Moment present() {
+    constexpr int attempts = 10;
+    for (int attempt = 1;; ++attempt) {
+        const quint32 before = windowSystemMilliseconds();
+        const Date date = Clock::current().now();
+        if (windowSystemMilliseconds() - before <= 1 || attempt == attempts) {
+            return {date, before};
+        }
+    }
+}
+
 }  // namespace
 
 Date arrivalDate(const QInputEvent& event) {
-    const Date now = Clock::current().now();
-    const quint32 age = windowSystemMilliseconds() - static_cast<quint32>(event.timestamp());
+    const Moment now = present();
+    const quint32 age = now.milliseconds - static_cast<quint32>(event.timestamp());
     const bool known = event.timestamp() != 0 && age <= longestWait;
-    return known ? dateByAdding(now, -double(age) / 1000) : now;
+    return known ? dateByAdding(now.date, -double(age) / 1000) : now.date;
 }
 
 }  // namespace marquill
