@@ -4,9 +4,10 @@
 #include "movie/MovieUpdate.h"
 #include "movie/SampleTimes.h"
 
-#include <QElapsedTimer>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include <ctime>
 
 using namespace marquill;
 
@@ -38,6 +39,11 @@ class MovieCorpusTest : public QObject {
 };
 
 namespace {
+
+/// What this program has had of the processor: other work on the machine does not count.
+double processorSeconds() {
+    return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
+}
 
 /// The items of a row's first list: `[["XMP_", "\\xa9TIM"]]` gives both, with single backslashes.
 QStringList itemTypes(const QString& text) {
@@ -234,10 +240,9 @@ void MovieCorpusTest::brokenMoviesTellWhatAndWhere() {
         if (isReadable(row)) {
             continue;
         }
-        QElapsedTimer timer;
-        timer.start();
+        const double before = processorSeconds();
         const Result<Movie> movie = Movie::open(pathOf(row));
-        QVERIFY(timer.elapsed() < 1000);
+        QVERIFY2(processorSeconds() - before < 1, qPrintable(row[u"file"_s]));
         if (movie) {
             QVERIFY2(!row[u"ff_dur"_s].isEmpty(), qPrintable(row[u"file"_s]));
             continue;

@@ -1,8 +1,10 @@
 #include "platform/BackgroundWork.h"
 
+#include <QElapsedTimer>
 #include <QTest>
 
 #include <atomic>
+#include <memory>
 
 using namespace marquill;
 
@@ -27,18 +29,21 @@ class BackgroundWorkTest : public QObject {
     }
 
     void cancelledWorkIsNotHeardOfAnyMore() {
-        BackgroundWork work;
         std::atomic<bool> posted = false;
         std::atomic<bool> goOn = false;
+        std::atomic<bool> ended = false;
         bool called = false;
+        BackgroundWork work;
         work.start([&](const BackgroundWork::Post& post) {
             post([&called] { called = true; });
             posted = true;
             while (!goOn) {
                 QThread::yieldCurrentThread();
             }
-            QVERIFY(!post.isWanted());
+            const bool isWanted = post.isWanted();
             post([&called] { called = true; });
+            ended = true;
+            QVERIFY(!isWanted);
         });
         while (!posted) {
             QThread::yieldCurrentThread();
@@ -46,7 +51,8 @@ class BackgroundWorkTest : public QObject {
         work.cancel();
         QVERIFY(!work.isRunning());
         goOn = true;
-        QTest::qWait(20);
+        QTRY_VERIFY(ended.load());
+        QCoreApplication::processEvents();
         QVERIFY(!called);
     }
 
@@ -65,17 +71,20 @@ class BackgroundWorkTest : public QObject {
     }
 
     void endingWaitsForWorkThatEnds() {
-        std::atomic<bool> ended = false;
+        const auto ended = std::make_shared<std::atomic<bool>>(false);
+        QElapsedTimer timer;
         {
             BackgroundWork work;
-            work.start([&ended](const BackgroundWork::Post& post) {
+            work.start([ended](const BackgroundWork::Post& post) {
                 while (post.isWanted()) {
                     QThread::yieldCurrentThread();
                 }
-                ended = true;
+                *ended = true;
             });
+            timer.start();
         }
-        QVERIFY(ended);
+        // Its patience may run out on a machine that lets the thread wait as long.
+        QVERIFY(*ended || timer.elapsed() >= 2000);
     }
 };
 
