@@ -1,7 +1,6 @@
 """Reviewing a day with real keys and clicks: look at a movie, rate, rename, delete, undo, redo, reorder labels."""
 import pathlib
 import sys
-import time
 
 from desktop import Desktop, read_placeholder
 from shoot import make_shoot, settings_for
@@ -23,16 +22,16 @@ def select_last_clip(desktop):
     """Sorts the shown folder by name and selects its last row, the connected “Lighthouse”."""
     desktop.focus(CLIP_MANAGER)
     desktop.click(CLIP_MANAGER, *CLIP_HEADER)
-    time.sleep(0.3)
+    desktop.settle()
     go_to_clips(desktop)
     desktop.key("End")
-    time.sleep(1)
+    desktop.settle()
 
 
 def go_to_clips(desktop):
     desktop.focus(CLIP_MANAGER)
     desktop.key("ctrl+6")
-    time.sleep(0.3)
+    desktop.settle()
 
 
 def rate(desktop, folder):
@@ -44,19 +43,18 @@ def play_and_step(desktop):
     """Plays and steps in the preview; pictures of it must differ as it moves."""
     desktop.key("ctrl+7")
     desktop.key("Home")
-    time.sleep(0.7)
+    desktop.settle()
     first = picture_bytes(desktop)
     for _ in range(10):
         desktop.key("Right")
-        time.sleep(0.1)
-    time.sleep(0.7)
+        desktop.settle()
     stepped = picture_bytes(desktop)
     check(first != stepped, "ten steps show another frame")
     desktop.key("space")
-    time.sleep(1)
+    desktop.until(lambda: picture_bytes(desktop) != stepped, "playing to show another frame")
     desktop.key("space")
-    time.sleep(0.5)
-    check(picture_bytes(desktop) != stepped, "playing shows another frame")
+    desktop.settle()
+    check(picture_bytes(desktop) != stepped, "the frame it stops at is another one")
 
 
 def picture_bytes(desktop):
@@ -69,10 +67,10 @@ def rename(desktop, folder):
     go_to_clips(desktop)
     desktop.key("End")
     desktop.key("F2")
-    time.sleep(0.4)
+    desktop.settle()
     desktop.key("ctrl+a")
     desktop.type("Beacon")
-    time.sleep(0.3)
+    desktop.settle()
     desktop.key("Return")
     desktop.until(lambda: "Beacon#01.xml" in names(folder), "the renamed clip")
     check("Lighthouse#01.xml" not in names(folder), "the old name is gone")
@@ -82,7 +80,7 @@ def rename(desktop, folder):
 
 def delete_and_undo(desktop, folder):
     before = {path.name: path.read_bytes() for path in folder.iterdir() if path.is_file()}
-    time.sleep(0.3)
+    desktop.settle()
     go_to_clips(desktop)
     desktop.key("Home")
     desktop.key("Delete")
@@ -101,8 +99,9 @@ def reorder_labels(desktop):
     desktop.focus(CLIP_MANAGER)
     desktop.key("ctrl+comma")
     desktop.window(PREFERENCES)
-    time.sleep(0.5)
+    desktop.settle()
     desktop.click(PREFERENCES, 0.3, 0.25)
+    desktop.settle()
     desktop.key("ctrl+Down")
     wanted = ["Trash", "Print", "Audio", "1st Half", "2nd Half"]
     desktop.until(lambda: desktop.settings.exists() and

@@ -1,10 +1,9 @@
 """A whole day with real keys: from empty settings over takes, in and out points, edits and undo to each way of quitting."""
 import pathlib
 import sys
-import time
 
 from desktop import Desktop, read_placeholder
-from FirstTake import add_folder, button, check, pause
+from FirstTake import add_folder, button, check, journal, pause
 from shoot import make_movie
 
 CLIP_MANAGER, MARKERS = "Clip Manager", "Real Time Markers"
@@ -14,13 +13,13 @@ GO_TO = {"folders": "ctrl+5", "clips": "ctrl+6", "movie": "ctrl+7", "attributes"
 def go_to(desktop, part):
     desktop.focus(CLIP_MANAGER)
     desktop.key(GO_TO[part])
-    pause(desktop, 0.3)
+    desktop.settle()
 
 
 def set_name_and_scene(desktop, name, scene):
     desktop.focus(CLIP_MANAGER)
     desktop.key("ctrl+4")
-    pause(desktop, 0.5)
+    desktop.settle()
     desktop.key("Tab")
     desktop.key("ctrl+a")
     desktop.type(name)
@@ -28,7 +27,7 @@ def set_name_and_scene(desktop, name, scene):
     desktop.key("ctrl+a")
     desktop.type(scene)
     desktop.key("Return")
-    pause(desktop, 0.3)
+    desktop.settle()
 
 
 def take(desktop, path):
@@ -37,7 +36,7 @@ def take(desktop, path):
     pause(desktop, 0.6)
     desktop.key("alt+4")
     desktop.click(MARKERS, *button(2))
-    pause(desktop, 1.6)
+    desktop.until(lambda: journal(desktop).count(b"untitled (") == 2, "the clicked marker in the journal")
     desktop.key("Escape")
     desktop.until(path.exists, f"the clip {path.name}")
     titles = [marker["clipMarkerTitle"] for marker in read_placeholder(path)["clipMarkerArray"]]
@@ -48,13 +47,13 @@ def connect(desktop, movie):
     """Connects the selected clip by the Clip menu's first command of its Connect menu."""
     desktop.focus(CLIP_MANAGER)
     desktop.key("alt+c")
-    pause(desktop, 0.3)
+    desktop.settle()
     desktop.key("o")
-    pause(desktop, 0.3)
+    desktop.settle()
     desktop.key("Return")
-    pause(desktop, 1.0)
+    desktop.settle()
     desktop.type(str(movie))
-    pause(desktop, 0.5)
+    desktop.settle()
     desktop.key("Return")
 
 
@@ -62,22 +61,22 @@ def select_clip(desktop, end):
     """The first clip ("Home") or the last one ("End"); one that was changed comes last."""
     go_to(desktop, "clips")
     desktop.key(end)
-    pause(desktop, 0.8)
+    desktop.settle()
 
 
 def set_in_and_out(desktop, path):
     go_to(desktop, "movie")
     desktop.key("Home")
-    pause(desktop, 0.5)
+    desktop.settle()
     for _ in range(5):
         desktop.key("Right")
-        pause(desktop, 0.15)
+        desktop.settle()
     desktop.key("ctrl+shift+i")
     for _ in range(5):
         desktop.key("Right")
-        pause(desktop, 0.15)
+        desktop.settle()
     desktop.key("ctrl+shift+o")
-    pause(desktop, 0.3)
+    desktop.settle()
 
     def points():
         markers = read_placeholder(path)["clipMarkerArray"]
@@ -126,7 +125,7 @@ def delete_and_undo(desktop, folder):
     select_clip(desktop, "Home")
     desktop.key("Delete")
     desktop.until(lambda: list((folder / "Trash").glob("*.xml")), "the deleted clip in the trash")
-    pause(desktop, 0.3)
+    desktop.settle()
     desktop.key("ctrl+z")
     desktop.until(lambda: files(folder) == before, "undo to bring the same files back")
 
@@ -134,15 +133,11 @@ def delete_and_undo(desktop, folder):
 def ask_to_quit(desktop, *answer):
     desktop.focus(CLIP_MANAGER)
     desktop.key("ctrl+q")
-    pause(desktop, 0.8)
+    desktop.settle()
     for key in answer:
         desktop.key(key)
-        time.sleep(0.2)
-
-
-def wait_for_end(desktop):
-    marquill, desktop.marquill = desktop.marquill, None
-    check(marquill.wait(20) == 0, "Marquill ends well")
+        if key != answer[-1]:
+            desktop.settle()
 
 
 def record_the_day(desktop, folder, movie):
@@ -157,7 +152,7 @@ def record_the_day(desktop, folder, movie):
     first = folder / "Harbour#01.xml"
     desktop.until(lambda: read_placeholder(first).get("clipPath") == str(movie), "the clip to be connected")
     select_clip(desktop, "End")
-    pause(desktop, 1.5)
+    desktop.settle()
     set_in_and_out(desktop, first)
     edit_attributes(desktop, folder)
     delete_and_undo(desktop, folder)
@@ -170,17 +165,17 @@ def quit_in_every_way(desktop, folder):
     day = files(folder)
     # The buttons follow each other by Tab: keep, cancel, delete.
     ask_to_quit(desktop, "Tab", "space")
-    pause(desktop, 0.5)
+    desktop.settle()
     check(desktop.marquill.poll() is None and files(folder) == day, "cancelling leaves all as it was")
     ask_to_quit(desktop, "Return")
-    wait_for_end(desktop)
+    desktop.wait_for_end()
     check(files(folder) == day, "keeping the clips keeps the files")
     kept = read_placeholder(desktop.settings)
     desktop.start_marquill()
-    pause(desktop, 1.0)
+    desktop.settle()
     check(files(folder) == day, "a new start changes no file")
     ask_to_quit(desktop, "Tab", "Tab", "space")
-    wait_for_end(desktop)
+    desktop.wait_for_end()
     check(not list((folder / "Trash").iterdir()), "deleting empties the trash")
     check(read_placeholder(desktop.settings) == kept, "the settings are as they were")
 

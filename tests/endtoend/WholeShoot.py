@@ -4,7 +4,6 @@ import pathlib
 import shutil
 import subprocess
 import sys
-import time
 
 from desktop import Desktop, read_placeholder
 from shoot import settings_for
@@ -78,17 +77,17 @@ def show(desktop, index):
     desktop.click(CLIP_MANAGER, *FIRST_FOLDER)
     for _ in range(index):
         desktop.key("Down")
-    time.sleep(0.8)
+    desktop.settle()
 
 
 def choose(desktop, title, path):
     desktop.window(title)
-    time.sleep(0.3)
+    desktop.settle()
     desktop.key("ctrl+a")
     desktop.type(path)
-    time.sleep(0.3)
+    desktop.settle()
     desktop.key("Return")
-    time.sleep(0.2)
+    desktop.settle()
     if desktop.is_shown(title):
         desktop.key("Return")  # the first one took what the chooser proposed
     desktop.until(lambda: not desktop.is_shown(title), f"“{title}” to close")
@@ -97,11 +96,12 @@ def choose(desktop, title, path):
 def connect_by_window(desktop, shoot, day, index):
     show(desktop, index)
     desktop.click(CLIP_MANAGER, *CLIPS)
+    desktop.settle()
     desktop.key("ctrl+a")
     desktop.key("alt+c")
-    time.sleep(0.2)
+    desktop.settle()
     desktop.key("o")
-    time.sleep(0.2)
+    desktop.settle()
     for _ in range(len(KINDS_IN_MENU) - KINDS_IN_MENU.index(day.kind)):
         desktop.key("Up")  # from the end
     desktop.key("Return")
@@ -111,7 +111,7 @@ def connect_by_window(desktop, shoot, day, index):
     for title, is_told in [(NOT_ALL, None in day.connected.values()), (NO_RAW_FILE, day.lacks_raw_file)]:
         if is_told:
             desktop.window(title)
-            time.sleep(0.2)
+            desktop.settle()
             desktop.key("Return")
             desktop.until(lambda: not desktop.is_shown(title), f"“{title}” to close")
     folder = shoot.records / day.name
@@ -131,15 +131,15 @@ def export_by_window(desktop, day, index, target):
             choose_layout(desktop, LAYOUT_KEYS[form])
         choose(desktop, "Export", path)
         desktop.until(path.exists, f"the document {path.name}")
-        time.sleep(0.2)  # the command is not taken before the window has heard of the end
+        desktop.settle()  # the command is not taken before the window has heard of the end
 
 
 def choose_layout(desktop, key):
     desktop.key("ctrl+shift+e")
     desktop.window(OPTIONS)
-    time.sleep(0.3)
+    desktop.settle()
     desktop.key(key)
-    time.sleep(0.1)
+    desktop.settle()
     desktop.key("Return")
     desktop.until(lambda: not desktop.is_shown(OPTIONS), f"“{OPTIONS}” to close")
 
