@@ -1,7 +1,8 @@
-// The keys that work whichever window has the keyboard. Which key of a toolkit event means what is decided
-// here, per platform: Option is Alt, Control is the key so labelled also where the toolkit swaps it with
-// Command. No state, any thread.
+// The keys that work whichever window has the keyboard: Option is Alt, Control is the key so labelled also
+// where the toolkit swaps it with Command. Each takes the system whose keyboard it is. No state, any thread.
 #pragma once
+
+#include "platform/PhysicalKeys.h"
 
 #include <QKeyEvent>
 #include <QKeySequence>
@@ -13,13 +14,14 @@ namespace marquill::GlobalKeys {
 bool isEscape(const QKeyEvent& event);
 
 /// Control-Space, or whatever types a single grave accent.
-bool startsRecording(const QKeyEvent& event);
+bool startsRecording(const QKeyEvent& event, KeySystem system = ownKeySystem);
 
 /// Control-Space as menus show it.
-QKeySequence startRecordingKey();
+QKeySequence startRecordingKey(KeySystem system = ownKeySystem);
 
-/// The digit 0 to 9 of Option with a digit. The key of the digit row counts too where digits need Shift.
-/// Nothing for an auto-repeat, so that a key held down fires one marker.
-std::optional<int> markerDigit(const QKeyEvent& event);
+/// The digit 0 to 9 of Option with a digit. The key of the digit row counts too where digits need Shift, or
+/// where Option makes another character of them. Nothing for an auto-repeat, so that a key held down fires
+/// one marker.
+std::optional<int> markerDigit(const QKeyEvent& event, KeySystem system = ownKeySystem);
 
 }  // namespace marquill::GlobalKeys

@@ -1,12 +1,9 @@
 #include "platform/FileBrowser.h"
 
 #include "platform/Files.h"
-#include "platform/Literals.h"
 #include "platform/Log.h"
+#include "platform/RevealFile.h"
 
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
 #include <QDesktopServices>
 #include <QUrl>
 
@@ -21,22 +18,10 @@ void openFolder(const QString& path) {
     }
 }
 
-// The freedesktop.org file manager interface, which the large desktops' file browsers answer to.
 class DesktopFileBrowser : public FileBrowser {
   public:
     void reveal(const QString& path) override {
-        QDBusMessage call = QDBusMessage::createMethodCall(u"org.freedesktop.FileManager1"_s,
-                                                           u"/org/freedesktop/FileManager1"_s,
-                                                           u"org.freedesktop.FileManager1"_s, u"ShowItems"_s);
-        call << QStringList(QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded)) << QString();
-        // Without a session bus the call fails at once, which the watcher tells like any other failure.
-        auto* watcher = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call));
-        QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher, [watcher, path] {
-            if (watcher->isError()) {
-                openFolder(path);
-            }
-            watcher->deleteLater();
-        });
+        revealFile(path, [path] { openFolder(path); });
     }
 };
 

@@ -12,6 +12,8 @@ FloatingPanel::FloatingPanel(QWidget* parent) : QWidget(parent) {
     setWindowFlags(Qt::Tool | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint |
                    Qt::CustomizeWindowHint | Qt::WindowDoesNotAcceptFocus);
     setAttribute(Qt::WA_ShowWithoutActivating);
+    // Where such windows go when another program comes to the front, they stay.
+    setAttribute(Qt::WA_MacAlwaysShowToolWindow);
 }
 
 void FloatingPanel::makeKeyAndOrderFront() {

@@ -29,7 +29,6 @@ constexpr std::array meanings{
     Meaning{ERROR_WRITE_PROTECT, EROFS},
     Meaning{ERROR_DISK_FULL, ENOSPC},
     Meaning{ERROR_HANDLE_DISK_FULL, ENOSPC},
-    Meaning{ERROR_DISK_QUOTA_EXCEEDED, ENOSPC},
     Meaning{ERROR_FILE_EXISTS, EEXIST},
     Meaning{ERROR_ALREADY_EXISTS, EEXIST},
     Meaning{ERROR_DIR_NOT_EMPTY, ENOTEMPTY},
