@@ -1,5 +1,8 @@
 # The options every target of ours is built with: warnings are errors, and the sanitizers on request.
 add_library(marquill_options INTERFACE)
+if(MSVC)
+  message(FATAL_ERROR "Windows' own compiler has not been tried; build with MinGW-w64 (docs/PORTING.md).")
+endif()
 target_compile_options(
   marquill_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Werror -fno-omit-frame-pointer
                              $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>

@@ -1,7 +1,7 @@
 // Renders the drawings into the pictures that the program loads, at build time:
 // RenderArtwork FOLDER png A.svg B.svg … tiff C.svg … icon D.svg
 // writes NAME.TYPE and NAME@2x.TYPE into FOLDER, and for an icon hicolor/WxW/apps/NAME.png in the desktop's
-// sizes.
+// sizes; "ico" and "icns" write NAME.TYPE, the icon of a program on Windows and macOS.
 #include <QDir>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -43,6 +43,12 @@ bool writeIcon(QSvgRenderer& drawing, const QString& folder, const QString& name
     });
 }
 
+// The largest size that Windows shows, and one that macOS makes its smaller ones of.
+bool writeIconFile(QSvgRenderer& drawing, const QString& path, const QString& type) {
+    const int size = type == "ico"_L1 ? 256 : 512;
+    return write(path + u'.' + type, rendered(drawing, QSize(size, size)));
+}
+
 bool writeImage(QSvgRenderer& drawing, const QString& path, const QString& type) {
     const QSize size = drawing.defaultSize();
     return write(path + u'.' + type, rendered(drawing, size)) &&
@@ -56,6 +62,9 @@ bool render(const QString& source, const QString& folder, const QString& type) {
         return false;
     }
     const QString name = QFileInfo(source).completeBaseName();
+    if (type == "ico"_L1 || type == "icns"_L1) {
+        return writeIconFile(drawing, folder + u'/' + name, type);
+    }
     return type == "icon"_L1 ? writeIcon(drawing, folder, name)
                              : writeImage(drawing, folder + u'/' + name, type);
 }
@@ -68,7 +77,7 @@ int main(int argc, char** argv) {
     const QGuiApplication application(argc, argv);
     const QStringList arguments = QGuiApplication::arguments();
     if (arguments.size() < 3) {
-        std::fprintf(stderr, "RenderArtwork FOLDER (png|tiff|icon) DRAWING…\n");
+        std::fprintf(stderr, "RenderArtwork FOLDER (png|tiff|icon|ico|icns) DRAWING…\n");
         return 2;
     }
     QString type;
