@@ -113,6 +113,41 @@
     </message>
 </context>
 <context>
+    <name>ClipConflicts</name>
+    <message>
+        <source>Scene</source>
+        <translation>Szene</translation>
+    </message>
+    <message>
+        <source>Take</source>
+        <translation>Take</translation>
+    </message>
+    <message>
+        <source>Rating</source>
+        <translation>Wertung</translation>
+    </message>
+    <message>
+        <source>Label</source>
+        <translation>Label</translation>
+    </message>
+    <message>
+        <source>Comment</source>
+        <translation>Kommentar</translation>
+    </message>
+    <message>
+        <source>Markers</source>
+        <translation>Marker</translation>
+    </message>
+    <message>
+        <source>Media</source>
+        <translation>Medien</translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation>nichts</translation>
+    </message>
+</context>
+<context>
     <name>ClipFilter</name>
     <message>
         <source>rating: needs a number from 0 to 5</source>
@@ -798,6 +833,13 @@ Geändert: %3
     <message>
         <source>Print the whole records as JSON</source>
         <translation>Die vollständigen Einträge als JSON ausgeben</translation>
+    </message>
+</context>
+<context>
+    <name>LogFile</name>
+    <message>
+        <source>The log cannot be written: %1</source>
+        <translation>Das Protokoll kann nicht geschrieben werden: %1</translation>
     </message>
 </context>
 <context>
@@ -2133,22 +2175,12 @@ Geändert: %3
         <translation>Über Marquill ...</translation>
     </message>
     <message>
-        <source>There is no log</source>
-        <translation>Es gibt kein Protokoll</translation>
-    </message>
-    <message>
-        <source>Nothing has been written into the log yet, or its disk could not take it.
-%1</source>
-        <translation>In das Protokoll wurde noch nichts geschrieben, oder sein Datenträger konnte es nicht aufnehmen.
-%1</translation>
-    </message>
-    <message>
         <source>Show Day Timeline</source>
         <translation>Tagesverlauf einblenden</translation>
     </message>
     <message>
-        <source>Show Log</source>
-        <translation>Protokoll zeigen</translation>
+        <source>Find…</source>
+        <translation>Suchen…</translation>
     </message>
 </context>
 <context>
@@ -2164,6 +2196,37 @@ Geändert: %3
     <message>
         <source>not rated</source>
         <translation>nicht bewertet</translation>
+    </message>
+</context>
+<context>
+    <name>marquill::ClipConflicts</name>
+    <message>
+        <source>%1: yours is %2, theirs is %3.</source>
+        <translation>%1: bei Ihnen %2, dort %3.</translation>
+    </message>
+    <message>
+        <source>Somebody else has changed “%1” too.</source>
+        <translation>Jemand anders hat „%1“ auch geändert.</translation>
+    </message>
+    <message>
+        <source>Compare…</source>
+        <translation>Vergleichen…</translation>
+    </message>
+    <message>
+        <source>Which changes of “%1” shall stay?</source>
+        <translation>Welche Änderungen an „%1“ sollen bleiben?</translation>
+    </message>
+    <message>
+        <source>Keep Mine</source>
+        <translation>Meine behalten</translation>
+    </message>
+    <message>
+        <source>Take Theirs</source>
+        <translation>Die anderen übernehmen</translation>
+    </message>
+    <message>
+        <source>Decide Later</source>
+        <translation>Später entscheiden</translation>
     </message>
 </context>
 <context>
@@ -2303,6 +2366,10 @@ Geändert: %3
         <source>Ok</source>
         <translation>OK</translation>
     </message>
+    <message>
+        <source>Export – %1</source>
+        <translation>Exportieren – %1</translation>
+    </message>
 </context>
 <context>
     <name>marquill::ClipManager</name>
@@ -2420,6 +2487,14 @@ Drücken Sie Strg-Leertaste, um einen Take zu beginnen, oder importieren Sie Fil
         <source>Show Day Timeline</source>
         <translation>Tagesverlauf einblenden</translation>
     </message>
+    <message>
+        <source>Clear Search</source>
+        <translation>Suche löschen</translation>
+    </message>
+    <message>
+        <source>No clip matches</source>
+        <translation>Kein Clip passt</translation>
+    </message>
 </context>
 <context>
     <name>marquill::ClipManagerToolbar</name>
@@ -2501,6 +2576,36 @@ Drücken Sie Strg-Leertaste, um einen Take zu beginnen, oder importieren Sie Fil
     <message>
         <source>change Marker Stop</source>
         <translation>Markerende ändern</translation>
+    </message>
+</context>
+<context>
+    <name>marquill::ClipSearch</name>
+    <message>
+        <source>All %1 clips of the folder are exported; the search shows %2.</source>
+        <translation>Alle %1 Clips des Ordners werden exportiert; die Suche zeigt %2.</translation>
+    </message>
+</context>
+<context>
+    <name>marquill::ClipSearchField</name>
+    <message>
+        <source>Search clips</source>
+        <translation>Clips suchen</translation>
+    </message>
+    <message>
+        <source>Clear Search</source>
+        <translation>Suche löschen</translation>
+    </message>
+    <message>
+        <source>Search clips (%1)</source>
+        <translation>Clips suchen (%1)</translation>
+    </message>
+    <message>
+        <source>Words, “-word” for what is not wanted, “&quot;two words&quot;”, or a field:
+name: file: scene: take: label: comment: marker:
+rating:&gt;=4 rating:none connected:no connected:offline</source>
+        <translation>Wörter, „-wort“ für das, was nicht gewünscht ist, „&quot;zwei Wörter&quot;“, oder ein Feld:
+name: file: scene: take: label: comment: marker:
+rating:&gt;=4 rating:none connected:no connected:offline</translation>
     </message>
 </context>
 <context>
@@ -3500,13 +3605,6 @@ Drücken Sie Strg-Leertaste, um einen Take zu beginnen, oder importieren Sie Fil
     <message>
         <source>Only %1 MB are free where takes are saved.</source>
         <translation>Wo Takes gesichert werden, sind nur noch %1 MB frei.</translation>
-    </message>
-</context>
-<context>
-    <name>LogFile</name>
-    <message>
-        <source>The log cannot be written: %1</source>
-        <translation>Das Protokoll kann nicht geschrieben werden: %1</translation>
     </message>
 </context>
 </TS>

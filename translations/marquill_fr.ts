@@ -113,6 +113,41 @@
     </message>
 </context>
 <context>
+    <name>ClipConflicts</name>
+    <message>
+        <source>Scene</source>
+        <translation>Séquence</translation>
+    </message>
+    <message>
+        <source>Take</source>
+        <translation>Prise</translation>
+    </message>
+    <message>
+        <source>Rating</source>
+        <translation>Note</translation>
+    </message>
+    <message>
+        <source>Label</source>
+        <translation>Étiquette</translation>
+    </message>
+    <message>
+        <source>Comment</source>
+        <translation>Commentaire</translation>
+    </message>
+    <message>
+        <source>Markers</source>
+        <translation>Marqueurs</translation>
+    </message>
+    <message>
+        <source>Media</source>
+        <translation>Média</translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation>rien</translation>
+    </message>
+</context>
+<context>
     <name>ClipFilter</name>
     <message>
         <source>rating: needs a number from 0 to 5</source>
@@ -320,7 +355,7 @@
     <name>ClipStore</name>
     <message>
         <source>The clip&apos;s file is a link out of its folder, and what it leads to is left as it is. Put the file itself into the folder.</source>
-        <translation>Le fichier du clip est un lien qui mène hors de son dossier ; ce à quoi il mène reste tel quel. Placez le fichier lui-même dans le dossier.</translation>
+        <translation>Le fichier du clip est un lien qui mène hors de son dossier&#xa0;; ce à quoi il mène reste tel quel. Placez le fichier lui-même dans le dossier.</translation>
     </message>
     <message>
         <source>The clip&apos;s file is not there any more.</source>
@@ -801,6 +836,13 @@ Modifié&#xa0;: %3
     </message>
 </context>
 <context>
+    <name>LogFile</name>
+    <message>
+        <source>The log cannot be written: %1</source>
+        <translation>Le journal ne peut pas être écrit&#xa0;: %1</translation>
+    </message>
+</context>
+<context>
     <name>MarkerSetStore</name>
     <message>
         <source>there is no marker button %1</source>
@@ -1000,7 +1042,7 @@ Modifié&#xa0;: %3
     </message>
     <message>
         <source>%1: no such file or folder, nor a command</source>
-        <translation>%1 : ni fichier, ni dossier, ni commande</translation>
+        <translation>%1&#xa0;: ni fichier, ni dossier, ni commande</translation>
     </message>
 </context>
 <context>
@@ -2133,22 +2175,12 @@ Modifié&#xa0;: %3
         <translation>À propos de Marquill ...</translation>
     </message>
     <message>
-        <source>There is no log</source>
-        <translation>Il n’y a pas de journal</translation>
-    </message>
-    <message>
-        <source>Nothing has been written into the log yet, or its disk could not take it.
-%1</source>
-        <translation>Rien n’a encore été écrit dans le journal, ou son disque n’a pas pu le recevoir.
-%1</translation>
-    </message>
-    <message>
         <source>Show Day Timeline</source>
         <translation>Afficher la frise du jour</translation>
     </message>
     <message>
-        <source>Show Log</source>
-        <translation>Montrer le journal</translation>
+        <source>Find…</source>
+        <translation>Rechercher…</translation>
     </message>
 </context>
 <context>
@@ -2164,6 +2196,37 @@ Modifié&#xa0;: %3
     <message>
         <source>not rated</source>
         <translation>sans note</translation>
+    </message>
+</context>
+<context>
+    <name>marquill::ClipConflicts</name>
+    <message>
+        <source>%1: yours is %2, theirs is %3.</source>
+        <translation>%1&#xa0;: chez vous %2, chez l’autre %3.</translation>
+    </message>
+    <message>
+        <source>Somebody else has changed “%1” too.</source>
+        <translation>Quelqu’un d’autre a aussi modifié «&#xa0;%1&#xa0;».</translation>
+    </message>
+    <message>
+        <source>Compare…</source>
+        <translation>Comparer…</translation>
+    </message>
+    <message>
+        <source>Which changes of “%1” shall stay?</source>
+        <translation>Quelles modifications de «&#xa0;%1&#xa0;» garder&#xa0;?</translation>
+    </message>
+    <message>
+        <source>Keep Mine</source>
+        <translation>Garder les miennes</translation>
+    </message>
+    <message>
+        <source>Take Theirs</source>
+        <translation>Prendre les autres</translation>
+    </message>
+    <message>
+        <source>Decide Later</source>
+        <translation>Décider plus tard</translation>
     </message>
 </context>
 <context>
@@ -2303,6 +2366,10 @@ Modifié&#xa0;: %3
         <source>Ok</source>
         <translation>OK</translation>
     </message>
+    <message>
+        <source>Export – %1</source>
+        <translation>Exporter – %1</translation>
+    </message>
 </context>
 <context>
     <name>marquill::ClipManager</name>
@@ -2420,6 +2487,14 @@ Appuyez sur Ctrl-Espace pour commencer une prise, ou importez des films.</transl
         <source>Show Day Timeline</source>
         <translation>Afficher la frise du jour</translation>
     </message>
+    <message>
+        <source>Clear Search</source>
+        <translation>Effacer la recherche</translation>
+    </message>
+    <message>
+        <source>No clip matches</source>
+        <translation>Aucun clip ne correspond</translation>
+    </message>
 </context>
 <context>
     <name>marquill::ClipManagerToolbar</name>
@@ -2504,6 +2579,36 @@ Appuyez sur Ctrl-Espace pour commencer une prise, ou importez des films.</transl
     </message>
 </context>
 <context>
+    <name>marquill::ClipSearch</name>
+    <message>
+        <source>All %1 clips of the folder are exported; the search shows %2.</source>
+        <translation>Les %1 clips du dossier sont tous exportés&#xa0;; la recherche en montre %2.</translation>
+    </message>
+</context>
+<context>
+    <name>marquill::ClipSearchField</name>
+    <message>
+        <source>Search clips</source>
+        <translation>Rechercher des clips</translation>
+    </message>
+    <message>
+        <source>Clear Search</source>
+        <translation>Effacer la recherche</translation>
+    </message>
+    <message>
+        <source>Search clips (%1)</source>
+        <translation>Rechercher des clips (%1)</translation>
+    </message>
+    <message>
+        <source>Words, “-word” for what is not wanted, “&quot;two words&quot;”, or a field:
+name: file: scene: take: label: comment: marker:
+rating:&gt;=4 rating:none connected:no connected:offline</source>
+        <translation>Des mots, «&#xa0;-mot&#xa0;» pour ce qui n’est pas voulu, «&#xa0;&quot;deux mots&quot;&#xa0;», ou un champ&#xa0;:
+name: file: scene: take: label: comment: marker:
+rating:&gt;=4 rating:none connected:no connected:offline</translation>
+    </message>
+</context>
+<context>
     <name>marquill::ClipTableController</name>
     <message>
         <source>What has this name is no trash folder. Rename or remove it.</source>
@@ -2511,7 +2616,7 @@ Appuyez sur Ctrl-Espace pour commencer une prise, ou importez des films.</transl
     </message>
     <message>
         <source>“%1” is not opened: its name is not that of a movie.</source>
-        <translation>« %1 » n’est pas ouvert : son nom n’est pas celui d’un film.</translation>
+        <translation>«&#xa0;%1&#xa0;» n’est pas ouvert&#xa0;: son nom n’est pas celui d’un film.</translation>
     </message>
     <message>
         <source>This is no movie</source>
@@ -3500,13 +3605,6 @@ Appuyez sur Ctrl-Espace pour commencer une prise, ou importez des films.</transl
     <message>
         <source>Only %1 MB are free where takes are saved.</source>
         <translation>Il ne reste que %1 Mo là où les prises sont enregistrées.</translation>
-    </message>
-</context>
-<context>
-    <name>LogFile</name>
-    <message>
-        <source>The log cannot be written: %1</source>
-        <translation>Le journal ne peut pas être écrit : %1</translation>
     </message>
 </context>
 </TS>
