@@ -1,15 +1,12 @@
 #include "clipmanager/DayStrip.h"
 
 #include "clipstore/ClipStore.h"
-#include "clipstore/Notifications.h"
 #include "connect/ClipTableController.h"
 #include "movie/QTHelper.h"
-#include "platform/TableView.h"
 #include "platform/Theme.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
-#include <QItemSelectionModel>
 #include <QLabel>
 #include <QLocale>
 #include <QToolButton>
@@ -97,12 +94,8 @@ void DayStrip::setClipTable(ClipTableController& table) {
             [this](const QModelIndex& /*parent*/, int first, int last) { appendRows(first, last); });
     connect(&model, &QAbstractItemModel::dataChanged, this,
             [this](const QModelIndex& first, const QModelIndex& last) { readRows(first.row(), last.row()); });
-    connect(&Notifications::centre(), &Notifications::clipSelectionHasChanged, this,
-            [this](const QObject* controller) {
-                if (controller == _table) {
-                    showSelection();
-                }
-            });
+    // Also when a search hides others.
+    connect(&table, &ClipTableController::countChanged, this, &DayStrip::showSelection);
     // A take that was clicked can be rated.
     connect(_view, &DayTimelineView::otherKeyPressed, &table, &ClipTableController::keyDown);
     parentWidget()->installEventFilter(this);
@@ -268,16 +261,15 @@ std::size_t DayStrip::takeOfRow(int row) const {
 }
 
 bool DayStrip::isTakeHidden(std::size_t take) const {
-    return _table->tableView().isRowHidden(_timeline.takes()[take].clip);
+    const int row = _timeline.takes()[take].clip;
+    return row < _table->model().rowCount() && _table->model().isHidden(row);
 }
 
 // In the order of their time; of clips without a date there is no take.
 std::vector<std::size_t> DayStrip::selectedTakes() const {
     std::vector<std::size_t> takes;
-    for (const QItemSelectionRange& range : _table->tableView().selectionModel()->selection()) {
-        for (int row = range.top(); row <= range.bottom(); ++row) {
-            takes.push_back(takeOfRow(row));
-        }
+    for (const ClipInfo& clip : _table->selectedClipArray()) {
+        takes.push_back(takeOfRow(_table->model().rowOfClip(clip)));
     }
     std::ranges::sort(takes);
     const auto repeated = std::ranges::unique(takes);

@@ -29,8 +29,6 @@ class DayStrip : public QWidget {
     bool isWanted() const { return _isWanted; }
     /// The take that is being recorded into the shown folder, up to now, or nothing.
     void setTakeInProgress(const std::optional<TimelineTake>& take);
-    /// Rows of the table were hidden or shown.
-    void hiddenRowsChanged() { showSelection(); }
 
     /// What it shows now.
     const DayTimeline& timeline() const { return _timeline; }

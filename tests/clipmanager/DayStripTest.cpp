@@ -276,19 +276,36 @@ class DayStripTest : public QObject {
         QCOMPARE(_clips->selected(), QStringList{u"a#01.xml"_s});
     }
 
-    // Hidden rows
+    // Searches
 
-    void hiddenTakesAreNeitherClickedNorGoneTo() {
-        show(oneDay());
-        _clips->table.setRowHidden(2, true);
-        _strip->hiddenRowsChanged();
+    void takesThatASearchHidesAreNeitherClickedNorGoneTo() {
+        std::vector<ClipInfo> clips = oneDay();
+        clips[0].setClipScene(u"7"_s);
+        clips[1].setClipScene(u"7"_s);
+        show(clips);
+        _clips->controller->setQuery(u"scene:7"_s);
+        QCOMPARE(_clips->controller->shownClipCount(), 2);
         click(1);
         QCOMPARE(_clips->selected(), QStringList());
+        QVERIFY(view().tipOfTake(1).endsWith(u"Not among the clips found"_s));
         press(Qt::Key_Home);
         press(Qt::Key_Right);
         QCOMPARE(_clips->selected(), QStringList{u"c#03.xml"_s});
         click(0, Qt::ShiftModifier);
         QCOMPARE(_clips->selected(), (QStringList{u"c#03.xml"_s, u"a#01.xml"_s}));
+        _clips->controller->setQuery({});
+        click(1);
+        QCOMPARE(_clips->selected(), QStringList{u"b#02.xml"_s});
+    }
+
+    // Rows are counted without the hidden ones.
+    void whatIsSelectedWhileASearchHidesOthersIsShownSelected() {
+        std::vector<ClipInfo> clips = oneDay();
+        clips[2].setClipScene(u"7"_s);
+        show(clips);
+        _clips->controller->setQuery(u"scene:7"_s);
+        _clips->controller->selectClip(clips[2]);
+        QCOMPARE(view().spokenText(), u"Take 2 of 3, 10:30:00, 00:10:00"_s);
     }
 
     // Days
