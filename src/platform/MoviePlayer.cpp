@@ -3,6 +3,7 @@
 #include "platform/DelayedCalls.h"
 #include "platform/FileSystem.h"
 #include "platform/Log.h"
+#include "platform/MoviePlayerSettings.h"
 #include "platform/NativeName.h"
 
 #include <QGuiApplication>
@@ -18,13 +19,8 @@ namespace marquill {
 
 namespace {
 
-struct Setting {
-    const char* name;
-    const char* value;
-};
-
 // What belongs to the player as a part of a window.
-constexpr Setting playerSettings[] = {
+constexpr PlayerSetting playerSettings[] = {
     {"vo", "libmpv"},
     {"idle", "yes"},
     {"keep-open", "yes"},
@@ -45,40 +41,6 @@ constexpr Setting playerSettings[] = {
     // Drawing never waits for the moment a frame is due: it may happen in the main thread.
     {"video-timing-offset", "0"},
 };
-
-// A clip may come from anywhere: it plays from its own bytes, and nothing in it or beside it is followed.
-constexpr Setting safetySettings[] = {
-    {"config", "no"},
-    {"load-scripts", "no"},
-    {"load-auto-profiles", "no"},
-    {"load-stats-overlay", "no"},
-    {"load-osd-console", "no"},
-    {"ytdl", "no"},
-    {"resume-playback", "no"},
-    {"access-references", "no"},
-    {"load-unsafe-playlists", "no"},
-    {"ordered-chapters", "no"},
-    {"autoload-files", "no"},
-    {"sub-auto", "no"},
-    {"audio-file-auto", "no"},
-    {"cover-art-auto", "no"},
-    {"audio-display", "no"},
-    {"sid", "no"},
-    {"demuxer", "lavf"},
-    {"sub-demuxer", "lavf"},
-    {"audio-demuxer", "lavf"},
-};
-
-// The containers cameras and editors write; in libavformat's own names. Those that name other files are not
-// among them.
-constexpr char containers[] =
-    "mov,mp4,m4a,3gp,3g2,mj2,mxf,avi,matroska,webm,mpegts,mpeg,dv,r3d,wav,aiff,mp3,aac";
-
-// The list has commas of its own, so its length stands before it.
-QByteArray demuxerOptions() {
-    return "protocol_whitelist=file,format_whitelist=%" + QByteArray::number(qstrlen(containers)) + '%' +
-           containers;
-}
 
 // libmpv takes a frame that begins up to this much before the moment sought for the one sought, in seconds.
 constexpr double seekTolerance = 0.005;
@@ -171,13 +133,8 @@ MoviePlayer::~MoviePlayer() {
 }
 
 void MoviePlayer::startUp() {
-    for (const Setting& setting : playerSettings) {
-        set(setting.name, setting.value);
-    }
-    for (const Setting& setting : safetySettings) {
-        set(setting.name, setting.value);
-    }
-    set("demuxer-lavf-o", demuxerOptions());
+    applySettings(*_mpv, playerSettings);
+    applySafetySettings(*_mpv);
     if (QGuiApplication::platformName() == u"offscreen"_s) {
         set("ao", "null");
     }
