@@ -14,6 +14,7 @@
 #include "clipstore/Notifications.h"
 #include "connect/ClipFileFacts.h"
 #include "connect/ClipFolderWatch.h"
+#include "connect/ClipPictures.h"
 #include "connect/ClipTableController.h"
 #include "connect/MoviePreview.h"
 #include "folders/RecordFolderController.h"
@@ -139,6 +140,7 @@ void ClipManager::restore(const Dictionary& settings) {
     // From here on a crash costs no folder. Not before, or what is being restored would be saved half done.
     connect(_folderList.get(), &RecordFolderController::foldersChanged, this, &ClipManager::saveSettings);
     _dayStrip->setWanted(ClipManagerSettings::isDayStripVisible(settings));
+    _clips->pictures().setVisible(ClipManagerSettings::arePicturesVisible(settings));
     _frameTimer.setSingleShot(true);
     _frameTimer.setInterval(frameInterval);
     connect(&_frameTimer, &QTimer::timeout, this, &ClipManager::saveSettings);
@@ -154,6 +156,7 @@ Dictionary ClipManager::settings() const {
                                        .expandedHeight = double(_collapsible->expandedHeight())};
     Dictionary settings = state.settings();
     ClipManagerSettings::setDayStripVisible(settings, _dayStrip->isWanted());
+    ClipManagerSettings::setPicturesVisible(settings, _clips->pictures().isVisible());
     _folderList->writeSettings(settings);
     return settings;
 }

@@ -116,6 +116,8 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
     void collapseWindow();
     /// Shows the day's takes along its hours above the clips, or no longer.
     void showHideDayStrip();
+    /// Shows the clips' movies as pictures in the table, or no longer.
+    void showHidePictures();
 
     // Each gives the keyboard to a part of the window.
     void goToFolders();

@@ -7,6 +7,7 @@
 #include "clipmanager/DayStrip.h"
 #include "clipstore/Notifications.h"
 #include "connect/ClipFileFacts.h"
+#include "connect/ClipPictures.h"
 #include "connect/ClipTableController.h"
 #include "connect/ClipViewer.h"
 #include "connect/MoviePreview.h"
@@ -285,6 +286,8 @@ void ClipManager::validateMenuItem(QAction& action) {
         action.setText(_collapsible->isExpanded() ? tr("Collapse Window") : tr("Expand Window"));
     } else if (command == "showHideDayStrip"_L1) {
         action.setText(_dayStrip->isWanted() ? tr("Hide Day Timeline") : tr("Show Day Timeline"));
+    } else if (command == "showHidePictures"_L1) {
+        action.setText(_clips->pictures().isVisible() ? tr("Hide Pictures") : tr("Show Pictures"));
     } else {
         action.setEnabled(isEnabled(command).value_or(_clips->validateMenuItem(command)));
     }

@@ -15,6 +15,7 @@ const QString kWindWidth = u"kWindWidth"_s;
 const QString kWindHeight = u"kWindHeight"_s;
 const QString kWindExpanded = u"kWindExpanded"_s;
 const QString kDayTimelineVisible = u"kDayTimelineVisible"_s;
+const QString kPicturesVisible = u"kPicturesVisible"_s;
 }  // namespace key
 
 // A number of the settings that can be a place on a screen.
@@ -51,6 +52,14 @@ bool ClipManagerSettings::isDayStripVisible(const Dictionary& settings) {
 
 void ClipManagerSettings::setDayStripVisible(Dictionary& settings, bool isVisible) {
     settings.set(key::kDayTimelineVisible, isVisible);
+}
+
+bool ClipManagerSettings::arePicturesVisible(const Dictionary& settings) {
+    return settings.boolean(key::kPicturesVisible).value_or(false);
+}
+
+void ClipManagerSettings::setPicturesVisible(Dictionary& settings, bool areVisible) {
+    settings.set(key::kPicturesVisible, areVisible);
 }
 
 Dictionary ClipManagerSettings::saved() {

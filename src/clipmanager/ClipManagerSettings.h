@@ -33,6 +33,9 @@ bool isVisible(const Dictionary& settings);
 /// Whether the day's takes are to be shown along its hours; they are when the settings do not tell.
 bool isDayStripVisible(const Dictionary& settings);
 void setDayStripVisible(Dictionary& settings, bool isVisible);
+/// Whether the table is to show the clips' movies as pictures; it does not when the settings do not tell.
+bool arePicturesVisible(const Dictionary& settings);
+void setPicturesVisible(Dictionary& settings, bool areVisible);
 
 /// What the user defaults hold; empty when there is nothing.
 Dictionary saved();

@@ -7,6 +7,7 @@
 #include "clipmanager/CollapsibleWindow.h"
 #include "clipmanager/CurrentClip.h"
 #include "clipmanager/DayStrip.h"
+#include "connect/ClipPictures.h"
 #include "connect/ClipTableController.h"
 #include "connect/MoviePreview.h"
 #include "platform/ElidingLabel.h"
@@ -135,6 +136,11 @@ void ClipManager::collapseWindow() {
 
 void ClipManager::showHideDayStrip() {
     _dayStrip->setWanted(!_dayStrip->isWanted());
+    saveSettings();
+}
+
+void ClipManager::showHidePictures() {
+    _clips->pictures().setVisible(!_clips->pictures().isVisible());
     saveSettings();
 }
 

@@ -1,5 +1,6 @@
 #include "connect/ClipCells.h"
 
+#include "connect/ClipPictures.h"
 #include "connect/ClipTableModel.h"
 #include "platform/DelayedCalls.h"
 #include "platform/RecordTextValidator.h"
@@ -78,6 +79,30 @@ void StatusCell::paint(QPainter* painter, const QStyleOptionViewItem& option,
     QRect place(0, 0, size, size);
     place.moveCenter(option.rect.center());
     icon.paint(painter, place);
+}
+
+bool StatusCell::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                           const QModelIndex& index) {
+    return _pictures.showTip(*event, index) || QStyledItemDelegate::helpEvent(event, view, option, index);
+}
+
+void PictureCell::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                        const QModelIndex& index) const {
+    constexpr int margin = 3;
+    QStyleOptionViewItem cell = option;
+    initStyleOption(&cell, index);
+    paintEmptyCell(*painter, cell);
+    const QRect place = option.rect.adjusted(margin, margin, -margin, -margin);
+    const QPixmap picture = _pictures.pictureAt(index.row());
+    if (!picture.isNull()) {
+        QRect shown(QPoint(), picture.size().scaled(place.size(), Qt::KeepAspectRatio));
+        shown.moveCenter(place.center());
+        painter->setRenderHint(QPainter::SmoothPixmapTransform);
+        painter->drawPixmap(shown, picture);
+    } else if (_pictures.hasNone(index.row())) {
+        painter->setPen(Theme::colours().mutedText);
+        painter->drawText(place, Qt::AlignCenter, u"-"_s);
+    }
 }
 
 float RatingCell::ratingAt(const QRect& cell, int x) {

@@ -5,6 +5,7 @@
 
 namespace marquill {
 
+class ClipPictures;
 class ClipTableModel;
 
 /// A text; what could not be written into the record, or be a file's name, cannot be typed.
@@ -20,15 +21,34 @@ class TextCell : public QStyledItemDelegate {
     QString displayText(const QVariant& value, const QLocale& locale) const override;
 };
 
-/// The status picture, in the middle of its cell.
+/// The status picture, in the middle of its cell; its tip shows the movie's.
 class StatusCell : public QStyledItemDelegate {
     Q_OBJECT
 
   public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    StatusCell(ClipPictures& pictures, QObject* parent) : QStyledItemDelegate(parent), _pictures(pictures) {}
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override;
+
+  private:
+    ClipPictures& _pictures;
+};
+
+/// A picture of the clip's movie.
+class PictureCell : public QStyledItemDelegate {
+    Q_OBJECT
+
+  public:
+    PictureCell(ClipPictures& pictures, QObject* parent) : QStyledItemDelegate(parent), _pictures(pictures) {}
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
+
+  private:
+    ClipPictures& _pictures;
 };
 
 /// Five places for stars. A click into the cell of a selected row rates the clip.

@@ -19,6 +19,7 @@ struct FirstColumn {
 constexpr std::array firstColumns = {
     FirstColumn{ClipTableModel::number, u"8888"},
     FirstColumn{ClipTableModel::icon, u"88"},
+    FirstColumn{ClipTableModel::picture, u"888888888888"},
     FirstColumn{ClipTableModel::clip, u"Interview at the harbour"},
     FirstColumn{ClipTableModel::scene, u"Scene 8"},
     FirstColumn{ClipTableModel::take, u"Take 8"},

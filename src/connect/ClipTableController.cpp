@@ -4,6 +4,7 @@
 #include "clipstore/Notifications.h"
 #include "connect/ClipCells.h"
 #include "connect/ClipConnecting.h"
+#include "connect/ClipPictures.h"
 #include "connect/ClipSelectionChange.h"
 #include "folders/Preferences.h"
 #include "platform/DelayedCalls.h"
@@ -55,7 +56,9 @@ ClipTableController::~ClipTableController() {
 void ClipTableController::wireTable() {
     _table.setModel(&_rows);
     _table.setItemDelegate(new TextCell(&_table));
-    _table.setItemDelegateForColumn(ClipTableModel::icon, new StatusCell(&_table));
+    _pictures = std::make_unique<ClipPictures>(_table, _rows, _model);
+    _table.setItemDelegateForColumn(ClipTableModel::icon, new StatusCell(*_pictures, &_table));
+    _table.setItemDelegateForColumn(ClipTableModel::picture, new PictureCell(*_pictures, &_table));
     _table.setItemDelegateForColumn(ClipTableModel::rating, new RatingCell(&_table));
     _table.setItemDelegateForColumn(ClipTableModel::label, new LabelCell(_model, &_table));
     _table.setSelectionMode(QAbstractItemView::ExtendedSelection);
@@ -82,6 +85,7 @@ void ClipTableController::setClipArray(std::vector<ClipInfo> clips, const std::o
     for (const std::optional<QString>& left : {clipFolder(), folder}) {
         _writer.leaveFolder(left.value_or(QString()));
     }
+    _pictures->cancel();
     _model.setClips(std::move(clips), folder);
     sortClips();
     _table.scrollToTop();
@@ -305,6 +309,7 @@ void ClipTableController::tableViewSelectionDidChange() {
 
 // The disk is asked by a thread, since the volume may have gone away meanwhile.
 void ClipTableController::askShownFiles() {
+    _pictures->lookAgain();
     const int first = _table.rowAt(0);
     if (!_table.isVisible() || first < 0 || _fileWork.isRunning()) {
         return;

@@ -21,6 +21,7 @@ class QLabel;
 namespace marquill {
 
 class ClipConnecting;
+class ClipPictures;
 class TableView;
 class UndoManager;
 struct FolderChanges;
@@ -122,6 +123,8 @@ class ClipTableController : public QObject {
     bool validateMenuItem(const QString& command) const;
     /// The commands that connect clips to media.
     ClipConnecting& connecting() { return *_connecting; }
+    /// The pictures of the clips' movies.
+    ClipPictures& pictures() { return *_pictures; }
     /// The table's context menu, its commands enabled as the selection allows.
     QMenu* menuForEvent();
 
@@ -221,7 +224,6 @@ class ClipTableController : public QObject {
     bool isEditedInCell(const ClipInfo& clip) const;
     void takeChanged(const ReadClip& clip, Taking& taking);
     void takeInto(const ClipInfo& present, const ReadClip& clip, Taking& taking);
-    int rowOfName(const QString& name, Taking& taking) const;
     void showNew(const ReadClip& clip, Taking& taking);
     void takeRenamed(const RenamedClip& renamed, Taking& taking);
     void takeGone(const QStringList& names, Taking& taking);
@@ -235,6 +237,7 @@ class ClipTableController : public QObject {
     ClipWriter _writer;
     std::unique_ptr<ClipTableColumns> _columns;
     std::unique_ptr<ClipConnecting> _connecting;
+    std::unique_ptr<ClipPictures> _pictures;
     QMenu _labelMenu;
     QMenu _contextMenu;
     QSet<QString> _arrivedNames;  // clips that came while the folder is being read, and not by reading

@@ -33,6 +33,8 @@ constexpr std::array<ColumnDescription, ClipTableModel::columnCountOfTable> colu
      QT_TRANSLATE_NOOP("ClipTableModel", "Comment")},
     {u"scene", QT_TRANSLATE_NOOP("ClipTableModel", "Scene"), QT_TRANSLATE_NOOP("ClipTableModel", "Scene")},
     {u"take", QT_TRANSLATE_NOOP("ClipTableModel", "Take"), QT_TRANSLATE_NOOP("ClipTableModel", "Take")},
+    {u"picture", QT_TRANSLATE_NOOP("ClipTableModel", "Picture"),
+     QT_TRANSLATE_NOOP("ClipTableModel", "Picture")},
 }};
 
 // Numbers end in line under each other, texts begin in line.
@@ -295,7 +297,7 @@ QVariant ClipTableModel::headerData(int section, Qt::Orientation orientation, in
 }
 
 bool ClipTableModel::isEditable(int column) {
-    return column == clip || column >= rating;
+    return column == clip || (column >= rating && column != picture);
 }
 
 Qt::ItemFlags ClipTableModel::flags(const QModelIndex& index) const {

@@ -51,6 +51,7 @@ class ClipTableModel : public QAbstractTableModel {
         comment,
         scene,
         take,
+        picture,  ///< painted by ClipPictures; shown when the user wants it
         columnCountOfTable
     };
 
@@ -115,6 +116,8 @@ class ClipTableModel : public QAbstractTableModel {
     /// What is known of the files of a row's clip; asks for it when nothing is.
     const ClipFileFacts& facts(int row) const;
     QString text(int row, int column) const;
+    /// The path of a row's movie; "" of a placeholder that is not connected.
+    QString mediaPath(int row) const { return mediaPathOfClip(clipAt(row), _folder.value_or(QString())); }
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;

@@ -123,8 +123,12 @@ void TableColumns::save() {
     Array columns;
     for (int place = 0; place < _header.count(); ++place) {
         const int column = _header.logicalIndex(place);
-        columns.append(
-            Dictionary{{key::kIdentifier, identifierOf(column)}, {key::kWidth, _header.sectionSize(column)}});
+        Dictionary described{{key::kIdentifier, identifierOf(column)}};
+        // A hidden one has no width; shown again it has its first one.
+        if (!_header.isSectionHidden(column)) {
+            described.set(key::kWidth, _header.sectionSize(column));
+        }
+        columns.append(described);
     }
     Dictionary settings{{key::kColumns, columns}, {key::kSortAscending, sortOrder() == Qt::AscendingOrder}};
     if (sortColumn() >= 0) {

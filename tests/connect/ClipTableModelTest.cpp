@@ -106,7 +106,8 @@ class ClipTableModelTest : public QObject {
     void columnsHaveTheirIdentifiersInOrder() {
         const QStringList expected = {u"number"_s,   u"icon"_s,         u"clip"_s,     u"file"_s,
                                       u"duration"_s, u"creationdate"_s, u"filesize"_s, u"rating"_s,
-                                      u"label"_s,    u"comment"_s,      u"scene"_s,    u"take"_s};
+                                      u"label"_s,    u"comment"_s,      u"scene"_s,    u"take"_s,
+                                      u"picture"_s};
         QCOMPARE(_model->columnCount(), expected.size());
         for (int column = 0; column < expected.size(); ++column) {
             QCOMPARE(ClipTableModel::identifier(column), expected[column]);
