@@ -8,7 +8,7 @@ import subprocess
 import tempfile
 import time
 
-PATIENCE = 60  # seconds; the busiest machine needs no longer for anything here
+PATIENCE = 120  # seconds; the busiest machine needs no longer for anything here
 
 
 class Desktop:
@@ -117,18 +117,23 @@ class Desktop:
     def is_shown(self, name):
         return self._find(name) is not None
 
-    def settle(self, quiet=0.2):
-        """Waits until all that was asked for is done: for `quiet` seconds no thread of Marquill, of the display and of
-        the window manager has had anything to do. One that waits for its turn on a busy machine has."""
-        since, before = time.time(), None
+    def settle(self, timers=0.2):
+        """Waits until all that was asked for is done, what waits for a timer of so many seconds included: a button that
+        is pressed by a key acts after a tenth of a second."""
+        self._rest()
+        time.sleep(timers)
+        self._rest()
 
-        def is_quiet():
-            nonlocal since, before
-            work = self._work()
-            if work is None or work != before:
-                since, before = time.time(), work
-            return time.time() - since >= quiet
-        self.until(is_quiet, "Marquill to come to rest", pause=0.02)
+    def _rest(self):
+        """Waits for a moment in which no thread of Marquill, of the display and of the window manager has anything to
+        do. One that waits for its turn on a busy machine has."""
+        before = None
+
+        def is_resting():
+            nonlocal before
+            last, before = before, self._work()
+            return before is not None and before == last
+        self.until(is_resting, "Marquill to come to rest", pause=0.01)
 
     def _work(self):
         """How often each thread has had its turn; nothing while one of them runs, or waits for its turn or a disk."""
