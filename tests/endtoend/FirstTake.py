@@ -76,9 +76,9 @@ def first_take(desktop, folder):
 
 
 def journal(desktop):
-    """What the journal of the take that is running says."""
+    """What the journal of the take that is running says; nothing while it is not there yet."""
     folder = pathlib.Path(f"{desktop.settings}.state") / "takes"
-    return b"".join(path.read_bytes() for path in folder.iterdir() if path.is_file())
+    return b"".join(path.read_bytes() for path in folder.glob("*") if path.is_file())
 
 
 def retitle(desktop):

@@ -83,6 +83,7 @@ class Desktop:
             command += ["--theme", self.theme]
         self.marquill = self._start(command, env=self.environment, stderr=None)
         self.window("Clip Manager")
+        self.settle()  # the windows come to lie where they shall
 
     def write_settings(self, settings):
         self.settings.write_bytes(plistlib.dumps(settings))
