@@ -196,6 +196,7 @@ class ClipManager : public QObject, public ClipStore, public RecordingDestinatio
     Result<void> setUpMarkerList();
     void setUpFolderList();
     void buildToolbar();
+    void buildSearchBar();
     void setUpClipTable();
     void setUpPreview();
     void setUpEditor();

@@ -20,11 +20,4 @@ ClipManagerToolbar::ClipManagerToolbar(const QList<Item>& items, QWidget* parent
     }
 }
 
-void ClipManagerToolbar::addAtEnd(QWidget& widget) {
-    auto* space = new QWidget(this);
-    space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-    addWidget(space);
-    addWidget(&widget);
-}
-
 }  // namespace marquill

@@ -22,8 +22,6 @@ class ClipManagerToolbar : public QToolBar {
     /// With these items in this order.
     ClipManagerToolbar(const QList<Item>& items, QWidget* parent);
 
-    /// Adds a widget at the far end.
-    void addAtEnd(QWidget& widget);
     /// The item of that identifier, or null.
     QAction* item(const QString& identifier) const { return findChild<QAction*>(identifier); }
 };

@@ -73,13 +73,27 @@ void ClipManager::buildToolbar() {
             {u"DeleteClips"_s, tr("Delete Clips"), tr("Delete clips"), [this] { deleteClipsButton(); }},
         },
         _window.get());
-    _searchField = new ClipSearchField(toolbar);
-    toolbar->addAtEnd(*_searchField);
     _window->addToolBar(toolbar);
+    buildSearchBar();
     _removeFolderItem = toolbar->item(u"RemoveFolder"_s);
     _removeFolderItem->setEnabled(false);
     _deleteClipButton = toolbar->item(u"DeleteClips"_s);
     _deleteClipButton->setEnabled(false);
+}
+
+// A bar of its own at the right of the tool bar, whose items are the commands.
+void ClipManager::buildSearchBar() {
+    auto* bar = new QToolBar(ClipSearchField::tr("Search clips"), _window.get());
+    bar->setObjectName(u"SearchBar"_s);
+    bar->setMovable(false);
+    bar->setContextMenuPolicy(Qt::PreventContextMenu);
+    bar->toggleViewAction()->setVisible(false);
+    auto* space = new QWidget(bar);
+    space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    bar->addWidget(space);
+    _searchField = new ClipSearchField(bar);
+    bar->addWidget(_searchField);
+    _window->addToolBar(bar);
 }
 
 void ClipManager::setUpSplitViews() {
