@@ -79,7 +79,7 @@ void ClipTableModel::showRow(int row) {
     }
 }
 
-void ClipTableModel::hideKeptRows(const std::vector<int>& except) {
+bool ClipTableModel::hideKeptRows(const std::vector<int>& except) {
     std::vector<int> rows;
     for (int row = 0; row < rowCount(); ++row) {
         Match& match = _rows[static_cast<std::size_t>(row)].match;
@@ -90,11 +90,10 @@ void ClipTableModel::hideKeptRows(const std::vector<int>& except) {
     }
     if (rows.size() > mostRowsHiddenSingly) {
         Q_EMIT filterChanged();
-        return;
+    } else {
+        std::ranges::for_each(rows, [this](int row) { rowsChanged(row, row); });
     }
-    for (const int row : rows) {
-        rowsChanged(row, row);
-    }
+    return !rows.empty();
 }
 
 int ClipTableModel::countNotFound() const {

@@ -105,8 +105,8 @@ class ClipTableModel : public QAbstractTableModel {
     /// Shows a row until the next search, found or not.
     void showRow(int row);
     /// Hides the rows that were found before they were edited and are not any more; `except`, ascending,
-    /// stay.
-    void hideKeptRows(const std::vector<int>& except);
+    /// stay. Whether there were any.
+    bool hideKeptRows(const std::vector<int>& except);
     /// How many rows are shown though the search does not find them.
     int countNotFound() const;
     /// Folds the texts of `count` rows from `first` on, so that a search need not; where to go on.

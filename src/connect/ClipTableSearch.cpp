@@ -66,8 +66,9 @@ void ClipTableController::hideKeptClips() {
         _keptTimer.start();
         return;
     }
-    _model.hideKeptRows(selectedRows());
-    updateClipCount();
+    if (_model.hideKeptRows(selectedRows())) {
+        updateClipCount();
+    }
 }
 
 QString ClipTableController::searchSummary() const {

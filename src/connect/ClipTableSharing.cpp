@@ -170,8 +170,8 @@ void ClipTableController::showTaken(const Taking& taking, const std::vector<Clip
     if (!taking.goneClips.empty()) {
         removeFromTable(taking.goneClips);
     }
-    // While somebody searches, what others make is not shown as what is made here is.
-    _model.append(taking.newClips, taking.newFacts, ClipArrival::read);
+    // Whoever searches sees them all the same: no take is to come unseen.
+    _model.append(taking.newClips, taking.newFacts, ClipArrival::made);
     if (_columns->sortColumn() >= 0) {
         _model.sort(_columns->sortColumn(), _columns->sortOrder());
     }
