@@ -346,6 +346,21 @@ class ApplicationTest : public QObject {
         QVERIFY(!menu->isVisible());
     }
 
+    void escapeTakesASearchBackUnlessItStopsATake() {
+        press(mainWindow(), Qt::Key_F, Qt::ControlModifier);
+        auto& field = *qobject_cast<QLineEdit*>(QApplication::focusWidget());
+        QCOMPARE(field.objectName(), u"_searchField"_s);
+        field.setText(u"harbour"_s);
+        pressControlSpace(mainWindow());
+        QVERIFY(OfflineRecorder::isRecording());
+        press(mainWindow(), Qt::Key_Escape);
+        QVERIFY(!OfflineRecorder::isRecording());
+        QCOMPARE(field.text(), u"harbour"_s);
+        press(mainWindow(), Qt::Key_Escape);
+        QCOMPARE(field.text(), QString());
+        QVERIFY(!field.hasFocus());
+    }
+
     void keysOfTheRecorderPanelGoToTheRecorder() {
         FloatingPanel& panel = *OfflineRecorder::window();
         QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);

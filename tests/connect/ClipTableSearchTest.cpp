@@ -17,7 +17,7 @@ ClipInfo clipOf(const QString& name, const QString& scene, int rating = 0) {
 
 }  // namespace
 
-class ClipSearchTest : public QObject {
+class ClipTableSearchTest : public QObject {
     Q_OBJECT
 
     std::unique_ptr<ClipTable> _t;
@@ -329,5 +329,5 @@ class ClipSearchTest : public QObject {
     }
 };
 
-QTEST_MAIN(ClipSearchTest)
-#include "ClipSearchTest.moc"
+QTEST_MAIN(ClipTableSearchTest)
+#include "ClipTableSearchTest.moc"
