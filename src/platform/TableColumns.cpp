@@ -87,7 +87,10 @@ void TableColumns::arrange() {
     int place = 0;
     for (const TableColumn& first : _columns) {
         _header.moveSection(_header.visualIndex(first.column), place++);
-        const QString title = _header.model()->headerData(first.column, Qt::Horizontal).toString();
+        // The last column has what the others leave, and no more, or the table would have to be scrolled.
+        const bool isLast = place == static_cast<int>(_columns.size());
+        const QString title =
+            isLast ? QString() : _header.model()->headerData(first.column, Qt::Horizontal).toString();
         const int width = std::max(_header.fontMetrics().horizontalAdvance(first.sample),
                                    _header.fontMetrics().horizontalAdvance(title));
         _header.resizeSection(first.column, width + padding);
