@@ -486,6 +486,10 @@ Geändert: %3
         <source>Take</source>
         <translation>Take</translation>
     </message>
+    <message>
+        <source>Picture</source>
+        <translation>Bild</translation>
+    </message>
 </context>
 <context>
     <name>ClipTexts</name>
@@ -924,6 +928,17 @@ Geändert: %3
     </message>
 </context>
 <context>
+    <name>MovieStill</name>
+    <message>
+        <source>The movie has no picture that can be shown.</source>
+        <translation>Der Film hat kein Bild, das gezeigt werden kann.</translation>
+    </message>
+    <message>
+        <source>It was given up.</source>
+        <translation>Es wurde aufgegeben.</translation>
+    </message>
+</context>
+<context>
     <name>OfflineRecorder</name>
     <message>
         <source>Place Holder Clip Recorder</source>
@@ -1069,6 +1084,13 @@ Geändert: %3
     <message>
         <source>the clip could not be changed (%1)</source>
         <translation>der Clip konnte nicht geändert werden (%1)</translation>
+    </message>
+</context>
+<context>
+    <name>PosterCache</name>
+    <message>
+        <source>The picture cannot be encoded.</source>
+        <translation>Das Bild kann nicht kodiert werden.</translation>
     </message>
 </context>
 <context>
@@ -2182,6 +2204,10 @@ Geändert: %3
         <source>Find…</source>
         <translation>Suchen…</translation>
     </message>
+    <message>
+        <source>Show Pictures</source>
+        <translation>Bilder einblenden</translation>
+    </message>
 </context>
 <context>
     <name>marquill::ClipAttributes</name>
@@ -2494,6 +2520,14 @@ Drücken Sie Strg-Leertaste, um einen Take zu beginnen, oder importieren Sie Fil
     <message>
         <source>No clip matches</source>
         <translation>Kein Clip passt</translation>
+    </message>
+    <message>
+        <source>Hide Pictures</source>
+        <translation>Bilder ausblenden</translation>
+    </message>
+    <message>
+        <source>Show Pictures</source>
+        <translation>Bilder einblenden</translation>
     </message>
 </context>
 <context>

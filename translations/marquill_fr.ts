@@ -486,6 +486,10 @@ Modifié&#xa0;: %3
         <source>Take</source>
         <translation>Prise</translation>
     </message>
+    <message>
+        <source>Picture</source>
+        <translation>Image</translation>
+    </message>
 </context>
 <context>
     <name>ClipTexts</name>
@@ -924,6 +928,17 @@ Modifié&#xa0;: %3
     </message>
 </context>
 <context>
+    <name>MovieStill</name>
+    <message>
+        <source>The movie has no picture that can be shown.</source>
+        <translation>Le film n’a pas d’image qui puisse être montrée.</translation>
+    </message>
+    <message>
+        <source>It was given up.</source>
+        <translation>Abandonné.</translation>
+    </message>
+</context>
+<context>
     <name>OfflineRecorder</name>
     <message>
         <source>Place Holder Clip Recorder</source>
@@ -1069,6 +1084,13 @@ Modifié&#xa0;: %3
     <message>
         <source>the clip could not be changed (%1)</source>
         <translation>le clip n’a pas pu être modifié (%1)</translation>
+    </message>
+</context>
+<context>
+    <name>PosterCache</name>
+    <message>
+        <source>The picture cannot be encoded.</source>
+        <translation>L’image ne peut pas être encodée.</translation>
     </message>
 </context>
 <context>
@@ -2182,6 +2204,10 @@ Modifié&#xa0;: %3
         <source>Find…</source>
         <translation>Rechercher…</translation>
     </message>
+    <message>
+        <source>Show Pictures</source>
+        <translation>Afficher les images</translation>
+    </message>
 </context>
 <context>
     <name>marquill::ClipAttributes</name>
@@ -2494,6 +2520,14 @@ Appuyez sur Ctrl-Espace pour commencer une prise, ou importez des films.</transl
     <message>
         <source>No clip matches</source>
         <translation>Aucun clip ne correspond</translation>
+    </message>
+    <message>
+        <source>Hide Pictures</source>
+        <translation>Masquer les images</translation>
+    </message>
+    <message>
+        <source>Show Pictures</source>
+        <translation>Afficher les images</translation>
     </message>
 </context>
 <context>
