@@ -50,16 +50,18 @@ struct TakeJournal::Work {
     // Tells of a change only: a disk stays full for long.
     void tell(const Result<void>& result) {
         const QString now = result ? QString() : result.error().message;
-        const std::scoped_lock lock(mutex);
-        if (now == problem) {
-            return;
+        {
+            const std::scoped_lock lock(mutex);
+            if (now == std::exchange(problem, now)) {
+                return;
+            }
+            post([now](TakeJournal& journal) { Q_EMIT journal.problemChanged(now); });
         }
+        // Not under the lock: the log may stand on the same disk.
         if (!result) {
             qCWarning(logRecording).noquote()
                 << "The journal cannot be written:" << result.error().description();
         }
-        problem = now;
-        post([now](TakeJournal& journal) { Q_EMIT journal.problemChanged(now); });
     }
 };
 

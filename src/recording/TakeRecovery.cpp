@@ -58,11 +58,12 @@ bool isSameSecond(Date one, Date other) {
     return std::floor(one.time_since_epoch().count()) == std::floor(other.time_since_epoch().count());
 }
 
-// Two takes of one name may have begun within a second; they do not last equally long and hold as many
-// markers.
+// Two takes of one name and scene may have begun within a second; they do not last equally long and hold as
+// many markers.
 bool isClipOf(const ClipInfo& clip, const Journal& journal) {
     const std::optional<Date> start = clip.clipRecordingStartTime();
-    if (!start || !isSameSecond(*start, journal.take.start)) {
+    if (!start || !isSameSecond(*start, journal.take.start) ||
+        clip.clipScene().value_or(QString()) != propertyListText(journal.take.scene)) {
         return false;
     }
     const auto known = static_cast<qint64>(std::trunc(journal.take.elapsed));
@@ -72,8 +73,15 @@ bool isClipOf(const ClipInfo& clip, const Journal& journal) {
            markers >= journal.take.markers.size();
 }
 
+// Whether the clip was there before the take began; where the volume does not tell, it need not have been.
+bool isOlder(const QString& clipPath, const QString& journalPath) {
+    const Result<FileAttributes> clip = FileSystem::current().attributes(clipPath, Links::follow);
+    const Result<FileAttributes> journal = FileSystem::current().attributes(journalPath, Links::keep);
+    return clip && journal && journal->birthDate && clip->modificationDate <= *journal->birthDate;
+}
+
 // The clip of this take, if it was written before the program ended.
-std::optional<ClipInfo> writtenClip(const Journal& journal) {
+std::optional<ClipInfo> writtenClip(const Journal& journal, const QString& journalPath) {
     const QString stem = propertyListText(journal.take.name) + u'#';
     const QString untitledStem = TakeWriter::untitled + u'#';
     for (const QString& name : ClipStore::getClipsForFolder(journal.take.folder)) {
@@ -83,21 +91,21 @@ std::optional<ClipInfo> writtenClip(const Journal& journal) {
         const QString path = joinPath(journal.take.folder, name);
         const std::optional<ClipInfo> clip =
             pathExtension(name) == "xml"_L1 ? ClipStore::infoForClip(path) : std::nullopt;
-        if (clip && isClipOf(*clip, journal)) {
+        if (clip && isClipOf(*clip, journal) && !isOlder(path, journalPath)) {
             return clip;
         }
     }
     return std::nullopt;
 }
 
-Result<ClipInfo> writeClip(Journal& journal) {
+Result<ClipInfo> writeClip(Journal& journal, const QString& journalPath) {
     if (!folderExists(journal.take.folder)) {
         return failure(
             ErrorCode::notFound,
             QCoreApplication::translate("TakeRecovery", "The folder does not exist or is offline."),
             journal.take.folder);
     }
-    if (std::optional<ClipInfo> clip = writtenClip(journal)) {
+    if (std::optional<ClipInfo> clip = writtenClip(journal, journalPath)) {
         return *std::move(clip);
     }
     journal.take.comment = comment;
@@ -145,8 +153,11 @@ void sweep(const QString& journalFolder) {
 
 std::vector<KeptTake> keptTakes(const QString& journalFolder) {
     std::vector<KeptTake> kept;
-    const QStringList names = FileSystem::current().list(journalFolder).value_or(QStringList());
-    for (const QString& name : names) {
+    const Result<QStringList> names = FileSystem::current().list(journalFolder);
+    if (!names && folderExists(journalFolder)) {
+        qCWarning(logRecording).noquote() << names.error().description();
+    }
+    for (const QString& name : names.value_or(QStringList())) {
         const QString path = joinPath(journalFolder, name);
         if (!mayBeJournal(path) || !FileLock::take(path)) {
             continue;
@@ -172,7 +183,7 @@ Result<RecoveredTake> recover(const QString& journalPath, const std::optional<QS
         return std::unexpected(journal.error());
     }
     journal->take.folder = folder.value_or(journal->take.folder);
-    const Result<ClipInfo> clip = writeClip(*journal);
+    const Result<ClipInfo> clip = writeClip(*journal, journalPath);
     if (!clip) {
         return std::unexpected(clip.error());
     }
