@@ -173,6 +173,9 @@ void ClipManager::addClip(const ClipInfo& info, const QString& folder) {
     _clips->writer().clipReplaced(info, folder);
     if (shownFolder() == folder) {
         _clips->addItem(info);
+    } else {
+        // A day of takes would be remembered for nobody: the folder is read when it is shown.
+        _clips->writer().leaveFolder(folder);
     }
     showTakeInProgress();
     // A take that ends puts the marker buttons out, which may still serve the clip shown.
