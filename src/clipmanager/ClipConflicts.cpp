@@ -5,7 +5,6 @@
 #include "platform/NoticeBar.h"
 #include "recording/OfflineRecorder.h"
 
-#include <QCoreApplication>
 #include <QMainWindow>
 #include <QScopedValueRollback>
 
@@ -20,16 +19,16 @@ constexpr qsizetype longestShown = 120;
 
 QString nameOfKey(const QString& key) {
     static const QHash<QString, const char*> names = {
-        {ClipKey::clipScene, QT_TRANSLATE_NOOP("ClipConflicts", "Scene")},
-        {ClipKey::clipTake, QT_TRANSLATE_NOOP("ClipConflicts", "Take")},
-        {ClipKey::clipRating, QT_TRANSLATE_NOOP("ClipConflicts", "Rating")},
-        {ClipKey::clipLabel, QT_TRANSLATE_NOOP("ClipConflicts", "Label")},
-        {ClipKey::clipComment, QT_TRANSLATE_NOOP("ClipConflicts", "Comment")},
-        {ClipKey::clipMarkerArray, QT_TRANSLATE_NOOP("ClipConflicts", "Markers")},
-        {ClipKey::clipPath, QT_TRANSLATE_NOOP("ClipConflicts", "Media")},
+        {ClipKey::clipScene, QT_TRANSLATE_NOOP("marquill::ClipConflicts", "Scene")},
+        {ClipKey::clipTake, QT_TRANSLATE_NOOP("marquill::ClipConflicts", "Take")},
+        {ClipKey::clipRating, QT_TRANSLATE_NOOP("marquill::ClipConflicts", "Rating")},
+        {ClipKey::clipLabel, QT_TRANSLATE_NOOP("marquill::ClipConflicts", "Label")},
+        {ClipKey::clipComment, QT_TRANSLATE_NOOP("marquill::ClipConflicts", "Comment")},
+        {ClipKey::clipMarkerArray, QT_TRANSLATE_NOOP("marquill::ClipConflicts", "Markers")},
+        {ClipKey::clipPath, QT_TRANSLATE_NOOP("marquill::ClipConflicts", "Media")},
     };
     const char* const name = names.value(key);
-    return name ? QCoreApplication::translate("ClipConflicts", name) : key;
+    return name ? ClipConflicts::tr(name) : key;
 }
 
 QString shortened(const QString& text) {
@@ -41,8 +40,8 @@ QString shown(const Value& value) {
         return u"“%1”"_s.arg(shortened(*text));
     }
     if (const std::optional<Array> list = value.array()) {
-        return QCoreApplication::translate("ClipConflicts", "%n marker(s)", nullptr,
-                                           static_cast<int>(list->size()));
+        return list->size() == 1 ? ClipConflicts::tr("1 marker")
+                                 : ClipConflicts::tr("%1 markers").arg(list->size());
     }
     if (const std::optional<Date> date = value.date()) {
         return localDateText(*date);
@@ -50,7 +49,7 @@ QString shown(const Value& value) {
     if (const std::optional<double> number = value.real()) {
         return QString::number(*number);
     }
-    return value.isNothing() ? QCoreApplication::translate("ClipConflicts", "nothing") : u"…"_s;
+    return value.isNothing() ? ClipConflicts::tr("nothing") : u"…"_s;
 }
 
 }  // namespace

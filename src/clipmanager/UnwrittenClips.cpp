@@ -22,7 +22,7 @@ void UnwrittenClips::failed() {
 }
 
 void UnwrittenClips::lost(const QString& text) {
-    if (!_writer.hasUnwritten()) {
+    if (!_writer.hasFailing()) {
         show(text);
     }
 }
@@ -45,7 +45,7 @@ void UnwrittenClips::show(const QString& text, const QString& buttonText) {
     }
     _notice = NoticeBar::showIn(_window, text, buttonText);
     connect(_notice, &NoticeBar::closed, this, [this] {
-        _wasClosed = _writer.hasUnwritten();
+        _wasClosed = _writer.hasFailing();
         _notice.clear();
     });
     connect(_notice, &NoticeBar::buttonPressed, this, [this] {

@@ -41,8 +41,9 @@ ClipMerge mergeClips(const ClipPrint& base, const ClipInfo& mine, const ClipInfo
     for (const QString& key : keysOf(mine, theirs)) {
         const Value here = ClipPrint::valueOf(mine, key);
         const Value there = ClipPrint::valueOf(theirs, key);
-        // The name is that of the file, which only one of them can be right about.
-        if (there == here || base.held(key, there) || key == ClipKey::clipName) {
+        const bool isNameOfFile = key == ClipKey::clipName && !here.isNothing();
+        // The name is that of the file, which whoever shows it knows.
+        if (there == here || base.held(key, there) || isNameOfFile) {
             continue;
         }
         // Markers that stay keep their records, also where the list has changed on one side alone.

@@ -17,6 +17,8 @@ using std::chrono::milliseconds;
 constexpr milliseconds noticeDelay{150};
 // Until what is missing is looked for again.
 constexpr milliseconds missingDelay{300};
+// Until something that could not be taken is looked for again.
+constexpr milliseconds waitingDelay{1000};
 constexpr milliseconds leastRest{1500};
 constexpr milliseconds mostRest{60'000};
 // What notices do not tell, such as writing through a link, is found in the end.
@@ -127,7 +129,7 @@ void ClipFolderWatch::hearNotices() {
 }
 
 void ClipFolderWatch::lookSoon() {
-    lookAfter(missingDelay);
+    lookAfter(_notices ? waitingDelay : _rest);
 }
 
 void ClipFolderWatch::lookAfter(milliseconds time) {
@@ -197,6 +199,7 @@ void ClipFolderWatch::ended(const Look& look) {
         hearNotices();
     }
     const bool looksAgain = std::exchange(_looksAgain, false);
+    _rest = restAfter(look.duration);
     if (look.isDone) {
         QHash<QString, qint64> missing;
         for (const QString& name : look.missing) {
@@ -207,7 +210,7 @@ void ClipFolderWatch::ended(const Look& look) {
     lookAfter(looksAgain                ? noticeDelay
               : !look.missing.isEmpty() ? missingDelay
               : _notices                ? restWithNotices
-                                        : restAfter(look.duration));
+                                        : _rest);
     if (look.isDone && !look.changes.isNone()) {
         Q_EMIT changed(look.changes);
     }

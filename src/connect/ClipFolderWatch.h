@@ -62,7 +62,8 @@ class ClipFolderWatch : public QObject {
 
     KnownClips& _known;
     QString _folder;
-    quint64 _device = 0;  // that the folder was on when it was first looked at
+    quint64 _device = 0;                 // that the folder was on when it was first looked at
+    std::chrono::milliseconds _rest{0};  // after the last look
     bool _isTold = false;
     bool _looksAgain = false;
     QElapsedTimer _clock;

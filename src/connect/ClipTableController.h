@@ -224,6 +224,7 @@ class ClipTableController : public QObject {
     bool isEditedInCell(const ClipInfo& clip) const;
     void takeChanged(const ReadClip& clip, Taking& taking);
     void takeInto(const ClipInfo& present, const ReadClip& clip, Taking& taking);
+    int rowOfName(const QString& name, Taking& taking) const;
     void showNew(const ReadClip& clip, Taking& taking);
     void takeRenamed(const RenamedClip& renamed, Taking& taking);
     void takeGone(const QStringList& names, Taking& taking);

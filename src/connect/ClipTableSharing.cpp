@@ -30,6 +30,7 @@ struct ClipTableController::Taking {
     std::vector<ClipFileFacts> newFacts = {};
     std::vector<ClipInfo> goneClips = {};
     std::vector<ClipInfo> toWrite = {};
+    std::optional<QHash<QString, int>> rowsOfNames = {};  // of the rows that were there before
     bool isComplete = true;
 };
 
@@ -107,12 +108,23 @@ void ClipTableController::takeInto(const ClipInfo& present, const ReadClip& clip
     }
 }
 
+// Of many names at once, each is looked up in no time.
+int ClipTableController::rowOfName(const QString& name, Taking& taking) const {
+    if (!taking.rowsOfNames) {
+        taking.rowsOfNames.emplace();
+        for (int row = _model.rowCount() - 1; row >= 0; --row) {
+            taking.rowsOfNames->insert(_model.clipAt(row).clipName().value_or(QString()), row);
+        }
+    }
+    return taking.rowsOfNames->value(name, -1);
+}
+
 // A file that was no clip, or nothing was known of.
 void ClipTableController::showNew(const ReadClip& clip, Taking& taking) {
     const ClipFile& file = clip.file;
     KnownClip known{.stamp = file.stamp, .held = {}, .clip = {}};
     if (hasRecord(file)) {
-        const int row = _model.rowOfName(file.name);
+        const int row = rowOfName(file.name, taking);
         known.held = file.held;
         known.clip = row >= 0 ? _model.clipAt(row) : *file.clip;
         if (row < 0) {
@@ -156,8 +168,9 @@ void ClipTableController::takeGone(const QStringList& names, Taking& taking) {
         const std::optional<ClipInfo> present = clipOfFile(name);
         if (present && _model.rowOfClip(*present) >= 0) {
             Q_EMIT aboutToBeGone(*present);
-            // What is kept for it is tried again, as long as its folder is away.
+            // What is kept for it is tried again, which tells its loss; then it goes at the next look.
             if (_writer.unwritten(*clipFolder(), name)) {
+                taking.toWrite.push_back(*present);
                 continue;
             }
             taking.goneClips.push_back(*present);

@@ -25,9 +25,9 @@ class SystemVolume final : public Volume {
 
 // Those that nobody but this computer writes to; what is not among them is looked at now and then.
 constexpr std::array localFileSystems = {
-    "ext2"_L1,  "ext3"_L1,    "ext4"_L1, "xfs"_L1,      "btrfs"_L1,  "f2fs"_L1,
-    "tmpfs"_L1, "zfs"_L1,     "jfs"_L1,  "vfat"_L1,     "msdos"_L1,  "exfat"_L1,
-    "ntfs3"_L1, "hfsplus"_L1, "udf"_L1,  "bcachefs"_L1, "nilfs2"_L1, "reiserfs"_L1, "overlay"_L1,
+    "ext2"_L1, "ext3"_L1,     "ext4"_L1,   "xfs"_L1,      "btrfs"_L1,   "f2fs"_L1,  "tmpfs"_L1,
+    "zfs"_L1,  "jfs"_L1,      "vfat"_L1,   "msdos"_L1,    "exfat"_L1,   "ntfs3"_L1, "hfsplus"_L1,
+    "udf"_L1,  "bcachefs"_L1, "nilfs2"_L1, "reiserfs"_L1, "overlay"_L1,
 };
 
 std::atomic<Volume*> installed = nullptr;

@@ -224,7 +224,7 @@ class SharedFolderTest : public QObject {
                                          {ClipKey::clipComment, QString(200, u'a'), u"b"_s},
                                          {u"future"_s, u"x"_s, u"y"_s}}),
                  u"Rating: yours is 3, theirs is nothing.\n"
-                 "Markers: yours is 2 marker(s), theirs is 1 marker(s).\n"
+                 "Markers: yours is 2 markers, theirs is 1 marker.\n"
                  "Comment: yours is “"_s +
                      QString(120, u'a') +
                      u"…”, theirs is “b”.\n"

@@ -154,6 +154,8 @@ class ClipMergeTest : public QObject {
         const ClipMerge merge = mergeClips(ClipPrint(commented({})), mine, theirs);
         QVERIFY(merge.conflicts.empty());
         QCOMPARE(merge.merged.clipName(), u"B#01.xml"_s);
+        // A record that could not be read has none yet.
+        QCOMPARE(mergeClips(ClipPrint(ClipInfo()), ClipInfo(), theirs).merged, theirs);
     }
 
     void markersOfBothSidesAreKept() {
