@@ -22,12 +22,25 @@ using namespace marquill;
 namespace {
 
 constexpr int clipCount = 10'000;
+constexpr int markerCount = 8;
 constexpr int rounds = 15;
+
+Dictionary record(const QString& name) {
+    Array markers;
+    for (int marker = 0; marker < markerCount; ++marker) {
+        markers.append(Dictionary{{u"clipMarkerTitle"_s, u"Close-up of the letter %1"_s.arg(marker)},
+                                  {u"clipMarkerIn"_s, 7.25 + marker * 12.48},
+                                  {u"clipMarkerDur"_s, 0.0}});
+    }
+    return Dictionary{
+        {u"clipName"_s, name}, {u"clipScene"_s, u"24A"_s}, {u"clipComment"_s, u"Boats & gulls"_s},
+        {u"clipRating"_s, 4},  {u"clipDuration"_s, 104},   {u"clipMarkerArray"_s, markers}};
+}
 
 void make(const QString& folder) {
     for (int number = 0; number < clipCount; ++number) {
         const QString name = u"Harbour#%1.xml"_s.arg(number, 5, 10, QChar(u'0'));
-        const auto bytes = writePropertyList(Dictionary{{u"clipName"_s, name}, {u"clipScene"_s, u"24A"_s}});
+        const auto bytes = writePropertyList(record(name));
         const auto file = FileSystem::system().open(joinPath(folder, name), OpenMode::createNew);
         if (!bytes || !file || !(*file)->write(0, *bytes)) {
             std::abort();
@@ -80,6 +93,23 @@ void look(benchmark::State& state) {
     state.counters["ours_ms"] = median(ours);
     state.counters["to_bare"] = median(ours) / median(bare);
 }
+void read(benchmark::State& state) {
+    const QTemporaryDir folder;
+    make(folder.path());
+    const QStringList names = ClipStore::getClipsForFolder(folder.path());
+    std::vector<double> records;
+    std::vector<double> files;
+    for (auto _ : state) {
+        records.push_back(millisecondsOf(
+            [&] { benchmark::DoNotOptimize(ClipStore::readClipInfos(folder.path(), names)); }));
+        files.push_back(
+            millisecondsOf([&] { benchmark::DoNotOptimize(readClipFiles(folder.path(), names)); }));
+    }
+    state.counters["records_ms"] = median(records);
+    state.counters["files_ms"] = median(files);
+    state.counters["to_records"] = median(files) / median(records);
+}
+BENCHMARK(read)->Iterations(rounds)->Unit(benchmark::kMillisecond);
 BENCHMARK(look)->Iterations(rounds)->Unit(benchmark::kMillisecond);
 
 }  // namespace
