@@ -1081,10 +1081,6 @@ Geändert: %3
         <source>holds no clip record and was left as it is</source>
         <translation>enthält keinen Clip-Eintrag und blieb, wie es war</translation>
     </message>
-    <message>
-        <source>the clip could not be changed (%1)</source>
-        <translation>der Clip konnte nicht geändert werden (%1)</translation>
-    </message>
 </context>
 <context>
     <name>PosterCache</name>

@@ -1081,10 +1081,6 @@ Modifié&#xa0;: %3
         <source>holds no clip record and was left as it is</source>
         <translation>ne contient pas de fiche de clip et a été laissé tel quel</translation>
     </message>
-    <message>
-        <source>the clip could not be changed (%1)</source>
-        <translation>le clip n’a pas pu être modifié (%1)</translation>
-    </message>
 </context>
 <context>
     <name>PosterCache</name>

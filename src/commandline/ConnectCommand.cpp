@@ -8,6 +8,9 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
+#include <functional>
+#include <iterator>
 #include <map>
 
 namespace marquill {
@@ -162,11 +165,9 @@ std::optional<BatchResult> ConnectCommand::match(const std::vector<ClipInfo>& pl
 }
 
 bool ConnectCommand::write(const BatchResult& result, const QString& folder) const {
-    bool isWritten = true;
-    for (const BatchPair& pair : result.pairs) {
-        isWritten = writeChange(pair.clip, folder) && isWritten;
-    }
-    return isWritten;
+    std::vector<ClipInfo> clips;
+    std::ranges::transform(result.pairs, std::back_inserter(clips), &BatchPair::clip);
+    return std::ranges::all_of(writeChanges(clips, folder), std::identity());
 }
 
 void ConnectCommand::tell(const BatchResult& result, const std::vector<ClipInfo>& placeholders) const {

@@ -20,12 +20,16 @@ ExitStatus DisconnectCommand::run() {
     const QString folder = pathOfArgument(_folder);
     const PlaceholderChoice placeholders = choosePlaceholders(folder, _clips);
     bool isDone = placeholders.isComplete;
+    std::vector<ClipInfo> parted;
     for (ClipInfo clip : placeholders.clips) {
-        if (!ClipConnection::unConnectClip(clip)) {
-            continue;
+        if (ClipConnection::unConnectClip(clip)) {
+            parted.push_back(clip);
         }
-        if (writeChange(clip, folder)) {
-            print(clip.clipName().value_or(QString()));
+    }
+    const std::vector<bool> areWritten = writeChanges(parted, folder);
+    for (std::size_t index = 0; index < parted.size(); ++index) {
+        if (areWritten[index]) {
+            print(parted[index].clipName().value_or(QString()));
         } else {
             isDone = false;
         }

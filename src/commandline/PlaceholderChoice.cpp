@@ -95,16 +95,15 @@ bool isOwnRecord(const ClipInfo& clip, const QString& folder, const QString& nam
     return false;
 }
 
-bool writeChange(const ClipInfo& clip, const QString& folder) {
-    const int status = ClipStore::updateClipInfo(clip, folder);
-    if (status == 0) {
-        return true;
+std::vector<bool> writeChanges(const std::vector<ClipInfo>& clips, const QString& folder) {
+    std::vector<bool> areWritten;
+    for (const Result<void>& written : ClipStore::writeClipInfos(clips, folder)) {
+        if (!written) {
+            complain(written.error());
+        }
+        areWritten.push_back(written.has_value());
     }
-    complain(
-        {ErrorCode::inputOutput,
-         QCoreApplication::translate("PlaceholderChoice", "the clip could not be changed (%1)").arg(status),
-         joinPath(folder, clip.clipName().value_or(QString()))});
-    return false;
+    return areWritten;
 }
 
 }  // namespace marquill

@@ -20,8 +20,9 @@ struct PlaceholderChoice {
 /// another file is left out: the change would be written to that one.
 PlaceholderChoice choosePlaceholders(const QString& folder, const std::vector<std::string>& names);
 
-/// Writes a clip that was changed back into `folder`; false, and told, when that fails.
-bool writeChange(const ClipInfo& clip, const QString& folder);
+/// Writes clips that were changed back into `folder`, several at a time. Which of them were written; of the
+/// others it is told why not.
+std::vector<bool> writeChanges(const std::vector<ClipInfo>& clips, const QString& folder);
 
 /// Whether the record read from the file `name` in `folder` is that file's own; what is wrong has been told
 /// otherwise.

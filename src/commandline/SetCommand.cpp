@@ -146,7 +146,7 @@ ExitStatus SetCommand::run() {
         }
         isChanged = assign(*clip, assignment) || isChanged;
     }
-    if (isChanged && !writeChange(*clip, parentFolder(path))) {
+    if (isChanged && !writeChanges({*clip}, parentFolder(path)).front()) {
         return ExitStatus::failed;
     }
     return ExitStatus::done;

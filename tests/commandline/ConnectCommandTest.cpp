@@ -307,6 +307,41 @@ class ConnectCommandTest : public QObject {
         QCOMPARE(none.output + none.errors, QByteArray());
     }
 
+    void clipsThatCannotBeWrittenAreNamedAndLeftAsTheyWere_data() {
+        QTest::addColumn<QStringList>("command");
+        QTest::newRow("connect") << QStringList{u"connect"_s, u"--kind"_s, u"qt"_s, u"--media"_s,
+                                                u"../card"_s};
+        QTest::newRow("disconnect") << QStringList{u"disconnect"_s};
+        QTest::newRow("set") << QStringList{u"set"_s, u"rating=3"_s};
+    }
+    void clipsThatCannotBeWrittenAreNamedAndLeftAsTheyWere() {
+        QFETCH(QStringList, command);
+        makeClip(u"A#01.xml"_s, 0);
+        makeClip(u"B#01.xml"_s, 100);
+        makeMovie(_media, u"first.mov"_s, 2);
+        makeMovie(_media, u"second.mov"_s, 103);
+        if (command[0] != "connect"_L1) {
+            QCOMPARE(connect({}).status, 0);
+        }
+        const QByteArray first = bytes(u"A#01.xml"_s);
+        const QByteArray second = bytes(u"B#01.xml"_s);
+        command.insert(1, command[0] == "set"_L1 ? clipPath(u"A#01.xml"_s) : _folder);
+        // Without room for a single byte in any file.
+        QProcess shell;
+        shell.setProcessEnvironment(shellEnvironment());
+        shell.setWorkingDirectory(_folder);
+        shell.start(u"sh"_s, QStringList{u"-c"_s, u"trap '' XFSZ; ulimit -f 0; exec \"$0\" \"$@\""_s,
+                                         QStringLiteral(MARQUILL_PROGRAM)} +
+                                 command);
+        QVERIFY(shell.waitForFinished(60'000));
+        QCOMPARE(shell.exitCode(), 1);
+        const QByteArray errors = shell.readAllStandardError();
+        QVERIFY2(errors.contains("A#01.xml: "), errors);
+        QCOMPARE(errors.contains("B#01.xml: "), command[0] != "set"_L1);
+        QCOMPARE(bytes(u"A#01.xml"_s), first);
+        QCOMPARE(bytes(u"B#01.xml"_s), second);
+    }
+
     void disconnectOfAMissingFolderSaysSo() {
         const Outcome disconnect = run({u"disconnect"_s, clipPath(u"gone"_s)});
         QCOMPARE(disconnect.status, 1);
