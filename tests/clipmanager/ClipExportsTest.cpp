@@ -5,6 +5,7 @@
 #include "movie/MovieBuilder.h"
 #include "platform/FakeDialogs.h"
 #include "platform/FaultyFileSystem.h"
+#include "platform/SlowFileSystem.h"
 #include "platform/TableView.h"
 #include "platform/UserDefaults.h"
 #include "platform/WindowDescription.h"
@@ -325,13 +326,15 @@ class ClipExportsTest : public QObject {
     }
 
     void aCancelledExportWritesNothingAndTellsNothing() {
-        _clips = std::vector<ClipInfo>(20'000, _clips.front());
+        SlowFileSystem slow;
         _dialogs->chosen = QStringList{path(u"a.txt"_s)};
         _exports->exportClipListAsText();
         _exports->okTextExportOptionsSheet();
+        QTRY_VERIFY(slow.isAsked());
         QVERIFY(_exports->isExporting());
         _exports->progress().cancel();
         QVERIFY(!_exports->isExporting());
+        slow.letGo();
         _exports.reset();
         QCoreApplication::processEvents();
         QVERIFY(files().isEmpty());

@@ -2,63 +2,12 @@
 #include "connect/ClipTable.h"
 #include "connect/MediaFolder.h"
 #include "folders/Preferences.h"
+#include "platform/SlowFileSystem.h"
 
 #include <QDialog>
 #include <QPushButton>
 
-#include <condition_variable>
-#include <mutex>
-
 using namespace marquill;
-
-namespace {
-
-// Makes listing a folder wait until it is let go, as on a volume that is slow.
-class SlowFileSystem final : public FileSystem {
-  public:
-    SlowFileSystem() { install(this); }
-    ~SlowFileSystem() override {
-        letGo();
-        install(nullptr);
-    }
-    SlowFileSystem(const SlowFileSystem&) = delete;
-    SlowFileSystem& operator=(const SlowFileSystem&) = delete;
-
-    void letGo() {
-        const std::scoped_lock lock(_mutex);
-        _isOpen = true;
-        _opened.notify_all();
-    }
-
-    Result<std::vector<FolderEntry>> entries(const QString& folder) override {
-        std::unique_lock lock(_mutex);
-        _opened.wait(lock, [this] { return _isOpen; });
-        return system().entries(folder);
-    }
-    Result<std::unique_ptr<OpenFile>> open(const QString& path, OpenMode mode) override {
-        return system().open(path, mode);
-    }
-    Result<FileAttributes> attributes(const QString& path, Links links) override {
-        return system().attributes(path, links);
-    }
-    Result<QString> linkTarget(const QString& link) override { return system().linkTarget(link); }
-    Result<QStringList> list(const QString& folder) override { return system().list(folder); }
-    Result<void> replace(const QString& from, const QString& to) override {
-        return system().replace(from, to);
-    }
-    Result<void> move(const QString& from, const QString& to) override { return system().move(from, to); }
-    Result<void> removeFile(const QString& path) override { return system().removeFile(path); }
-    Result<void> removeFolder(const QString& path) override { return system().removeFolder(path); }
-    Result<void> makeFolder(const QString& path) override { return system().makeFolder(path); }
-    Result<void> syncFolder(const QString& path) override { return system().syncFolder(path); }
-
-  private:
-    std::mutex _mutex;
-    std::condition_variable _opened;
-    bool _isOpen = false;
-};
-
-}  // namespace
 
 class ClipConnectingTest : public QObject {
     Q_OBJECT

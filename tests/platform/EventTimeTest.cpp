@@ -6,6 +6,8 @@
 #include <QTest>
 
 #include <chrono>
+#include <cmath>
+#include <utility>
 
 using namespace marquill;
 
@@ -33,6 +35,27 @@ bool isAsOldAs(quint64 waited, quint64 mask = ~quint64{0}) {
     return found >= double(waited) / 1000 && found <= double(waited + passed) / 1000;
 }
 
+// Runs on with the events' clock. The first reader loses its turn right after it has read it.
+class ClockOfABusyMachine final : public Clock {
+  public:
+    ClockOfABusyMachine() { Clock::install(this); }
+    ~ClockOfABusyMachine() override { Clock::install(nullptr); }
+    ClockOfABusyMachine(const ClockOfABusyMachine&) = delete;
+    ClockOfABusyMachine& operator=(const ClockOfABusyMachine&) = delete;
+
+    Date now() const override {
+        const Date date{std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch())};
+        if (!std::exchange(_hasBeenRead, true)) {
+            QTest::qSleep(50);
+        }
+        return date;
+    }
+    quint64 microseconds() const override { return 1; }
+
+  private:
+    mutable bool _hasBeenRead = false;
+};
+
 }  // namespace
 
 class EventTimeTest : public QObject {
@@ -45,6 +68,15 @@ class EventTimeTest : public QObject {
     }
 
     void timeStampsAreCutToThirtyTwoBits() { QVERIFY(isAsOldAs(1500, 0xFFFFFFFFU)); }
+
+    void aProgramThatLosesItsTurnMeanwhileDatesNothingEarlier() {
+        const ClockOfABusyMachine clock;
+        QKeyEvent key(QEvent::KeyPress, Qt::Key_3, Qt::AltModifier);
+        key.setTimestamp(monotonicMilliseconds());
+        const double stamped = static_cast<double>(key.timestamp()) / 1000;
+        const double found = arrivalDate(key).time_since_epoch().count();
+        QVERIFY2(std::abs(found - stamped) < 0.005, qPrintable(QString::number(found - stamped)));
+    }
 
     void withoutATimeStampItIsNow() { QCOMPARE(age(0), 0.0); }
 

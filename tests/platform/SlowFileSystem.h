@@ -1,0 +1,82 @@
+// A file system that lets every thread but the main one wait until it is let go, as a slow volume does: work
+// is under way for as long as a test needs it to be. Installed while it lives.
+#pragma once
+
+#include "platform/FileSystem.h"
+
+#include <QCoreApplication>
+#include <QThread>
+
+#include <condition_variable>
+#include <mutex>
+
+namespace marquill {
+
+class SlowFileSystem final : public FileSystem {
+  public:
+    SlowFileSystem() { install(this); }
+    ~SlowFileSystem() override {
+        letGo();
+        install(nullptr);
+        std::unique_lock lock(_mutex);
+        _left.wait(lock, [this] { return _waiting == 0; });
+    }
+    SlowFileSystem(const SlowFileSystem&) = delete;
+    SlowFileSystem& operator=(const SlowFileSystem&) = delete;
+
+    /// Whether a thread waits, or has waited.
+    bool isAsked() const {
+        const std::scoped_lock lock(_mutex);
+        return _isAsked;
+    }
+    void letGo() {
+        const std::scoped_lock lock(_mutex);
+        _isOpen = true;
+        _opened.notify_all();
+    }
+
+    Result<std::vector<FolderEntry>> entries(const QString& folder) override {
+        wait();
+        return system().entries(folder);
+    }
+    Result<FileAttributes> attributes(const QString& path, Links links) override {
+        wait();
+        return system().attributes(path, links);
+    }
+    Result<std::unique_ptr<OpenFile>> open(const QString& path, OpenMode mode) override {
+        wait();
+        return system().open(path, mode);
+    }
+    Result<QString> linkTarget(const QString& link) override { return system().linkTarget(link); }
+    Result<QStringList> list(const QString& folder) override { return system().list(folder); }
+    Result<void> replace(const QString& from, const QString& to) override {
+        return system().replace(from, to);
+    }
+    Result<void> move(const QString& from, const QString& to) override { return system().move(from, to); }
+    Result<void> removeFile(const QString& path) override { return system().removeFile(path); }
+    Result<void> removeFolder(const QString& path) override { return system().removeFolder(path); }
+    Result<void> makeFolder(const QString& path) override { return system().makeFolder(path); }
+    Result<void> syncFolder(const QString& path) override { return system().syncFolder(path); }
+
+  private:
+    void wait() {
+        if (QThread::currentThread() == QCoreApplication::instance()->thread()) {
+            return;
+        }
+        std::unique_lock lock(_mutex);
+        _isAsked = true;
+        ++_waiting;
+        _opened.wait(lock, [this] { return _isOpen; });
+        --_waiting;
+        _left.notify_all();
+    }
+
+    mutable std::mutex _mutex;
+    std::condition_variable _opened;
+    std::condition_variable _left;
+    int _waiting = 0;
+    bool _isAsked = false;
+    bool _isOpen = false;
+};
+
+}  // namespace marquill
