@@ -4,7 +4,6 @@
 #include "connect/ClipTableController.h"
 #include "folders/RecordFolderController.h"
 #include "platform/Clock.h"
-#include "platform/DelayedCalls.h"
 #include "platform/FileBrowser.h"
 #include "platform/FileStamp.h"
 #include "platform/Files.h"
@@ -29,7 +28,6 @@ namespace {
 
 constexpr std::size_t mostTakesNamed = 3;
 constexpr double temporaryAge = 86'400;  // seconds after which a settings file is surely not being written
-constexpr double untilReadAgain = 0.1;   // seconds between two looks at a folder that is being read
 
 QString textForKept(std::size_t count) {
     return count == 1
@@ -157,9 +155,11 @@ void TakeRescue::selectWhenRead(const QString& folder, const QStringList& names)
     if (!clipManager || clipManager->shownFolder() != folder) {
         return;
     }
+    disconnect(_whenRead);
     if (clipManager->isReading()) {
-        DelayedCalls::performAfterDelay(this, untilReadAgain,
-                                        [this, folder, names] { selectWhenRead(folder, names); });
+        _whenRead = connect(
+            clipManager, &ClipManager::folderHasBeenRead, this,
+            [this, folder, names] { selectWhenRead(folder, names); }, Qt::SingleShotConnection);
         return;
     }
     std::vector<ClipInfo> clips;

@@ -52,6 +52,7 @@ class TakeRescue : public QObject {
     QString _journalFolder;
     bool _hasKeptTakes = false;
     std::unique_ptr<RecoverTakesDialog> _dialog;
+    QMetaObject::Connection _whenRead;  // selects the takes that are to be shown, once their folder is read
     BackgroundWork _work;
 };
 
