@@ -90,6 +90,13 @@ void ClipAttributes::wireMenus() {
                                   Qt::AccessibleTextRole);
     }
     _ratingPopup->setItemData(0, tr("not rated"), Qt::AccessibleTextRole);
+    // A menu is spoken by its text, and this one has pictures: its name says the rating as well.
+    const auto sayRating = [this, name = _ratingPopup->accessibleName()] {
+        const QString rating = _ratingPopup->currentData(Qt::AccessibleTextRole).toString();
+        _ratingPopup->setAccessibleName(u"%1: %2"_s.arg(name, rating));
+    };
+    connect(_ratingPopup, &QComboBox::currentIndexChanged, this, sayRating);
+    sayRating();
     for (QComboBox* menu : {_ratingPopup, _shotPopup}) {
         menu->installEventFilter(this);
     }

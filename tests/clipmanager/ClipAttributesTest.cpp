@@ -4,6 +4,7 @@
 #include "platform/TableView.h"
 #include "platform/WindowDescription.h"
 
+#include <QAccessible>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -127,6 +128,17 @@ class ClipAttributesTest : public QObject {
             QCOMPARE(rating.itemIcon(item).isNull(), item == 0);
         }
         QCOMPARE(rating.itemData(3, Qt::AccessibleTextRole).toString(), u"3 stars"_s);
+    }
+
+    void screenReadersAreToldTheRatingWithTheMenusName() {
+        const auto said = [&] {
+            return QAccessible::queryAccessibleInterface(&menu(u"_ratingPopup"_s))->text(QAccessible::Name);
+        };
+        QCOMPARE(said(), u"Rating: not rated"_s);
+        _editor->show(clip());
+        QCOMPARE(said(), u"Rating: 4 stars"_s);
+        _editor->clear();
+        QCOMPARE(said(), u"Rating: not rated"_s);
     }
 
     void fillingTellsNoEdit() {
