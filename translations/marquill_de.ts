@@ -1724,6 +1724,10 @@ Geändert: %3
 <context>
     <name>TrashQuestion</name>
     <message>
+        <source>Deleting the clips in the trash…</source>
+        <translation>Die Clips im Papierkorb werden gelöscht…</translation>
+    </message>
+    <message>
         <source>Delete Clips in the Trash?</source>
         <translation>Clips im Papierkorb löschen?</translation>
     </message>

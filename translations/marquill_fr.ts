@@ -1724,6 +1724,10 @@ Modifié&#xa0;: %3
 <context>
     <name>TrashQuestion</name>
     <message>
+        <source>Deleting the clips in the trash…</source>
+        <translation>Suppression des clips de la corbeille…</translation>
+    </message>
+    <message>
         <source>Delete Clips in the Trash?</source>
         <translation>Supprimer les clips de la corbeille&#xa0;?</translation>
     </message>

@@ -278,7 +278,8 @@ Application::TerminateReply Application::shouldTerminate() {
                                  "please stop recording and try again to quit.")});
         return TerminateReply::cancel;
     }
-    if (!ClipManager::cleanUp()) {
+    // A take may have been started while the clips in the trash were deleted.
+    if (!ClipManager::cleanUp() || OfflineRecorder::isRecording()) {
         return TerminateReply::cancel;
     }
     cleanUp();

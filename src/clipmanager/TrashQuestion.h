@@ -14,8 +14,12 @@ class TrashQuestion {
     /// belongs to, or null.
     static bool cleanUp(const QStringList& folders, QWidget* window);
 
-    /// Deletes the clips at `paths` for good and tells when some could not be.
+    /// Deletes the clips at `paths` for good and tells when some could not be. Of many, a sheet on `window`
+    /// shows how far it is, and the event loop runs; when that is cancelled, the rest stays.
     static void deleteClips(const QStringList& paths, QWidget* window);
+
+    /// From how many clips on it may last.
+    static constexpr qsizetype many = 200;
 };
 
 }  // namespace marquill

@@ -49,12 +49,12 @@ QStringList ClipTrash::getTrashClips(const QStringList& folders) {
     return paths;
 }
 
-QStringList ClipTrash::deleteClips(const QStringList& paths) {
+QStringList ClipTrash::deleteClips(const QStringList& paths, const Progress& progress) {
     QStringList failed;
-    for (const QString& path : paths) {
-        if (const Result<void> removed = removeAll(path); !removed) {
+    for (qsizetype done = 0; done < paths.size() && goesOn(progress, done, paths.size()); ++done) {
+        if (const Result<void> removed = removeAll(paths[done]); !removed) {
             qCWarning(logClipStore).noquote() << removed.error().description();
-            failed.append(path);
+            failed.append(paths[done]);
         }
     }
     return failed;

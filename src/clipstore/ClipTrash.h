@@ -2,6 +2,8 @@
 // which undo brings them back. Here what lies there is listed, and deleted for good. No state; main thread.
 #pragma once
 
+#include "platform/Progress.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -21,7 +23,8 @@ class ClipTrash {
 
     /// Removes each path for good, a bundle with all it holds, going on after one that cannot be removed; the
     /// log tells why. Symbolic links are removed, never followed. Returns those that could not be removed.
-    static QStringList deleteClips(const QStringList& paths);
+    /// The rest stays once `progress` does not want to go on. Any thread.
+    static QStringList deleteClips(const QStringList& paths, const Progress& progress = {});
 };
 
 }  // namespace marquill

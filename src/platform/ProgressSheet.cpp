@@ -84,9 +84,16 @@ void ProgressSheet::cancel() {
     }
 }
 
+void ProgressSheet::waitForEnd() {
+    if (isRunning()) {
+        _waiting.exec();
+    }
+}
+
 void ProgressSheet::end() {
     DelayedCalls::cancelAll(this);
     _run.reset();
+    _waiting.quit();
     if (_sheet) {
         _sheet->disconnect(this);
         _sheet->hide();

@@ -6,6 +6,7 @@
 #include "platform/Error.h"
 
 #include <QDialog>
+#include <QEventLoop>
 #include <QPointer>
 
 #include <functional>
@@ -54,6 +55,8 @@ class ProgressSheet : public QObject {
     /// false.
     bool run(QWidget& window, const QString& text, Work work, Done done);
     bool isRunning() const { return _work.isRunning(); }
+    /// For what cannot go on before: runs the event loop until the work has ended or was cancelled.
+    void waitForEnd();
     /// Ends the work, unless it is past its commit.
     void cancel();
     /// The sheet while it is shown, or null.
@@ -67,6 +70,7 @@ class ProgressSheet : public QObject {
 
     BackgroundWork _work;
     std::shared_ptr<Run> _run;  // that is under way
+    QEventLoop _waiting;
     QPointer<QDialog> _sheet;
     int _percent = 0;
 

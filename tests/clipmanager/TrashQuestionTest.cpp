@@ -3,8 +3,10 @@
 #include "clipstore/ClipFolder.h"
 #include "platform/FakeDialogs.h"
 #include "platform/FaultyFileSystem.h"
+#include "platform/SlowFileSystem.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QDir>
 #include <QMessageBox>
 #include <QPushButton>
@@ -38,6 +40,27 @@ void pressInAlert(Qt::Key key) {
             timer->deleteLater();
             QWidget* focus = box->focusWidget();
             QTest::keyClick(focus ? focus : box, key);
+        }
+    });
+    timer->start(1);
+}
+
+QStringList manyNames() {
+    QStringList names;
+    for (qsizetype take = 1; take <= TrashQuestion::many; ++take) {
+        names.append(u"a#%1.xml"_s.arg(take));
+    }
+    return names;
+}
+
+// Calls `answer` with the sheet that shows the progress, once it is there.
+void whenSheetIsShown(const std::function<void(QDialog*)>& answer) {
+    auto* timer = new QTimer(qApp);
+    QObject::connect(timer, &QTimer::timeout, timer, [timer, answer] {
+        if (auto* sheet = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+            timer->stop();
+            timer->deleteLater();
+            answer(sheet);
         }
     });
     timer->start(1);
@@ -120,6 +143,45 @@ class TrashQuestionTest : public QObject {
         FakeDialogs dialogs;
         TrashQuestion::deleteClips({}, nullptr);
         QVERIFY(dialogs.alerts.isEmpty());
+    }
+
+    void ofManyClipsASheetShowsHowFarItIs() {
+        FakeDialogs dialogs;
+        dialogs.answers = {deleteThem};
+        const TrashFolder folder(manyNames());
+        QWidget window;
+        window.show();
+        SlowFileSystem slow;
+        bool wasShown = false;
+        bool hasQuit = true;
+        whenSheetIsShown([&](QDialog* sheet) {
+            wasShown = sheet->parentWidget() == &window;
+            // Quitting is asked for once more.
+            hasQuit = TrashQuestion::cleanUp({folder.path()}, &window);
+            slow.letGo();
+        });
+        QVERIFY(TrashQuestion::cleanUp({folder.path()}, &window));
+        QVERIFY(wasShown);
+        QVERIFY(!hasQuit);
+        QVERIFY(folder.trash().isEmpty());
+        QCOMPARE(dialogs.alerts.size(), 1);
+    }
+
+    void cancellingTheSheetKeepsTheRest() {
+        FakeDialogs dialogs;
+        dialogs.answers = {deleteThem};
+        const TrashFolder folder(manyNames());
+        QWidget window;
+        window.show();
+        SlowFileSystem slow;
+        whenSheetIsShown([&](QDialog* sheet) {
+            sheet->findChild<QPushButton*>(u"_cancelButton"_s)->click();
+            slow.letGo();
+        });
+        QVERIFY(TrashQuestion::cleanUp({folder.path()}, &window));
+        // The one that was under way goes.
+        QVERIFY(folder.trash().size() >= TrashQuestion::many - 1);
+        QCOMPARE(dialogs.alerts.size(), 1);
     }
 
     void returnKeepsTheClips() {
