@@ -77,7 +77,8 @@ Result<void> PosterCache::write(const FileAttributes& movie, const QImage& pictu
     QByteArray bytes;
     QBuffer buffer(&bytes);
     if (!buffer.open(QIODevice::WriteOnly) || !picture.save(&buffer, "JPG", quality)) {
-        return failure(ErrorCode::unsupported, QCoreApplication::translate("PosterCache", "The picture cannot be encoded."));
+        return failure(ErrorCode::unsupported,
+                       QCoreApplication::translate("PosterCache", "The picture cannot be encoded."));
     }
     if (Result<void> made = makeFolders(_folder); !made) {
         return made;

@@ -77,8 +77,8 @@ class GlobalKeysTest : public QObject {
 
     void shiftMakesOtherKeysOfTheDigitRow() {
         const Qt::KeyboardModifiers both = Qt::AltModifier | Qt::ShiftModifier;
-        QVERIFY(!GlobalKeys::markerDigit(press(Qt::Key_Exclam, both, u"!"_s, false, keyCodeOf1),
-                                         KeySystem::x11));
+        QVERIFY(
+            !GlobalKeys::markerDigit(press(Qt::Key_Exclam, both, u"!"_s, false, keyCodeOf1), KeySystem::x11));
         // On a French keyboard it makes the digit.
         QCOMPARE(GlobalKeys::markerDigit(press(Qt::Key_1, both, u"1"_s, false, keyCodeOf1), KeySystem::x11),
                  std::optional(1));

@@ -46,7 +46,9 @@ class TerminationSignalsTest : public QObject {
     void afterItTheSignalsAreWhatTheyWere() {
         struct sigaction before = {};
         QCOMPARE(sigaction(SIGTERM, nullptr, &before), 0);
-        { const TerminationSignals signals([] {}); }
+        {
+            const TerminationSignals signals([] {});
+        }
         struct sigaction after = {};
         QCOMPARE(sigaction(SIGTERM, nullptr, &after), 0);
         QVERIFY(after.sa_handler == before.sa_handler);
