@@ -5,6 +5,7 @@
 #include "application/FocusedText.h"
 #include "application/GlobalKeys.h"
 #include "application/KeyboardShortcuts.h"
+#include "application/ManualWindow.h"
 #include "application/OpenedFiles.h"
 #include "application/TakeRescue.h"
 #include "clipmanager/ClipManager.h"
@@ -289,6 +290,7 @@ Application::TerminateReply Application::shouldTerminate() {
 void Application::cleanUp() {
     _openedFiles.reset();
     _takeRescue.reset();
+    _manual.reset();
     ClipManager::finish();
     MarkerSets::finish();
     OfflineRecorder::finish();

@@ -19,6 +19,7 @@ class QKeyEvent;
 namespace marquill {
 
 class KeyboardShortcuts;
+class ManualWindow;
 class OpenedFiles;
 class TakeRescue;
 struct ProgramStart;
@@ -71,6 +72,8 @@ class Application : public QApplication {
     void sendSupportEmail();
     void visitWebsite();
     void troubleShooting();
+    /// Shows the manual that came with the program; says where it was looked for when there is none.
+    void showManual();
     /// Opens the log's file; says so when there is none to be seen.
     void showLog();
 
@@ -103,6 +106,7 @@ class Application : public QApplication {
     ApplicationController _controller;
     std::unique_ptr<ActionTable> _actions;
     std::unique_ptr<KeyboardShortcuts> _keyboardShortcuts;
+    std::unique_ptr<ManualWindow> _manual;
     std::unique_ptr<TakeRescue> _takeRescue;
     std::unique_ptr<OpenedFiles> _openedFiles;
     QMenu _contextMenu;

@@ -2,6 +2,7 @@
 #include "application/Application.h"
 #include "application/FocusedText.h"
 #include "application/KeyboardShortcuts.h"
+#include "application/ManualWindow.h"
 #include "application/TakeRescue.h"
 #include "clipmanager/ClipManager.h"
 #include "folders/Preferences.h"
@@ -163,6 +164,21 @@ void Application::visitWebsite() {
 
 void Application::troubleShooting() {
     openAddress(QUrl(homePage + "Support.html"_L1), "Invalid support URL");
+}
+
+void Application::showManual() {
+    if (!_manual) {
+        const Result<std::vector<ManualPage>> pages = installedManual(applicationDirPath());
+        if (!pages) {
+            Dialogs::current().alert(clipManagerWindow(),
+                                     {.title = tr("There is no manual"), .text = pages.error().description()});
+            return;
+        }
+        _manual = std::make_unique<ManualWindow>(*pages);
+    }
+    _manual->show();
+    _manual->raise();
+    _manual->activateWindow();
 }
 
 void Application::showLog() {

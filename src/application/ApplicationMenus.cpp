@@ -231,6 +231,8 @@ std::vector<ActionDescription> windowCommands(Application& app) {
 std::vector<ActionDescription> helpCommands(Application& app) {
     const QString menu = QString::fromLatin1(QT_TRANSLATE_NOOP("ApplicationMenus", "&Help"));
     return {
+        {u"showManual"_s, menu, Application::tr("Manual"), QKeySequence(Qt::Key_F1),
+         [&app] { app.showManual(); }},
         {u"troubleShooting"_s,
          menu,
          Application::tr("Trouble Shooting ..."),
