@@ -7,6 +7,7 @@
 
 #include <QAction>
 #include <QClipboard>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
@@ -92,6 +93,23 @@ class MenuBarTest : public QObject {
         }
         QCOMPARE(titles, (QStringList{u"File"_s, u"Edit"_s, u"View"_s, u"Clip"_s, u"Record"_s, u"Window"_s,
                                       u"Help"_s}));
+    }
+
+    void everyKeyStandsInTheManual() {
+        QFile page(qEnvironmentVariable("MARQUILL_SOURCE_DIR") + u"/docs/manual/keys.md"_s);
+        QVERIFY(page.open(QIODevice::ReadOnly));
+        const QString keys = QString::fromUtf8(page.readAll());
+        int commands = 0;
+        for (const ActionDescription& description : application().actions().descriptions()) {
+            const QString key = description.shortcut.toString(QKeySequence::NativeText);
+            if (key.isEmpty() || description.menu == "&Record"_L1) {
+                continue;  // the keys of the recorder act everywhere, and stand among those
+            }
+            const QString row = u"| %1 | %2 |"_s.arg(key, description.text);
+            QVERIFY2(keys.contains(row), qPrintable(row));
+            ++commands;
+        }
+        QCOMPARE(keys.count(u"\n| Ctrl+"_s) + keys.count(u"\n| F"_s), commands + 1);  // Ctrl+Space
     }
 
     void everyCommandStandsInAMenu() {

@@ -1,4 +1,5 @@
-"""Every link and picture of the documents leads somewhere, and the manual quotes the program word for word."""
+"""Every link and picture of the documents leads somewhere, the manual quotes the program word for word, and the settings
+are described."""
 import pathlib
 import re
 import sys
@@ -64,6 +65,17 @@ def wrong_quotes(document, patterns):
             yield f"{document}: the program does not say “{quoted}”"
 
 
+def wrong_settings(root):
+    """Every key of the settings is described, and none that is not there."""
+    described = set(re.findall(r"`([A-Za-z]+)`", (root / "docs/formats/settings.md").read_text(encoding="utf-8")))
+    sources = "".join(source.read_text(encoding="utf-8") for source in (root / "src").rglob("*.cpp")) + "".join(
+        source.read_text(encoding="utf-8") for source in (root / "src").rglob("*.h"))
+    kept = set(re.findall(r'"(k[A-Z]\w+)"_s', sources)) | {"ClipManagerSettings", "PrefDict"}
+    yield from (f"settings.md: {key} is not described" for key in sorted(kept - described))
+    yield from (f"settings.md: the program keeps no {key}" for key in sorted(described)
+                if re.match("k[A-Z]", key) and key not in kept)
+
+
 def main():
     root = pathlib.Path(sys.argv[1])
     documents = [*sorted(root.glob("*.md")), *sorted((root / "docs").rglob("*.md"))]
@@ -75,6 +87,7 @@ def main():
     wrong = [problem for document in documents for problem in wrong_links(document)]
     wrong += wrong_pictures(root, documents)
     wrong += [problem for page in manual for problem in wrong_quotes(page, patterns)]
+    wrong += wrong_settings(root)
     if wrong:
         raise AssertionError("\n".join(["the documents are wrong:", *wrong]))
     print(f"{len(documents)} documents, their links and pictures, and what they quote.")
