@@ -170,8 +170,8 @@ void Application::showManual() {
     if (!_manual) {
         const Result<std::vector<ManualPage>> pages = installedManual(applicationDirPath());
         if (!pages) {
-            Dialogs::current().alert(clipManagerWindow(),
-                                     {.title = tr("There is no manual"), .text = pages.error().description()});
+            Dialogs::current().alert(clipManagerWindow(), {.title = tr("There is no manual"),
+                                                           .text = pages.error().description()});
             return;
         }
         _manual = std::make_unique<ManualWindow>(*pages);
