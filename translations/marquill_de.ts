@@ -113,41 +113,6 @@
     </message>
 </context>
 <context>
-    <name>ClipConflicts</name>
-    <message>
-        <source>Scene</source>
-        <translation>Szene</translation>
-    </message>
-    <message>
-        <source>Take</source>
-        <translation>Take</translation>
-    </message>
-    <message>
-        <source>Rating</source>
-        <translation>Wertung</translation>
-    </message>
-    <message>
-        <source>Label</source>
-        <translation>Label</translation>
-    </message>
-    <message>
-        <source>Comment</source>
-        <translation>Kommentar</translation>
-    </message>
-    <message>
-        <source>Markers</source>
-        <translation>Marker</translation>
-    </message>
-    <message>
-        <source>Media</source>
-        <translation>Medien</translation>
-    </message>
-    <message>
-        <source>nothing</source>
-        <translation>nichts</translation>
-    </message>
-</context>
-<context>
     <name>ClipFilter</name>
     <message>
         <source>rating: needs a number from 0 to 5</source>
@@ -844,6 +809,15 @@ Geändert: %3
     <message>
         <source>The log cannot be written: %1</source>
         <translation>Das Protokoll kann nicht geschrieben werden: %1</translation>
+    </message>
+</context>
+<context>
+    <name>ManualPages</name>
+    <message>
+        <source>The manual was not installed with the program. It was looked for in:
+%1</source>
+        <translation>Das Handbuch wurde nicht mit dem Programm installiert. Gesucht wurde es in:
+%1</translation>
     </message>
 </context>
 <context>
@@ -2208,6 +2182,14 @@ Geändert: %3
         <source>Show Pictures</source>
         <translation>Bilder einblenden</translation>
     </message>
+    <message>
+        <source>There is no manual</source>
+        <translation>Es gibt kein Handbuch</translation>
+    </message>
+    <message>
+        <source>Manual</source>
+        <translation>Handbuch</translation>
+    </message>
 </context>
 <context>
     <name>marquill::ClipAttributes</name>
@@ -2253,6 +2235,46 @@ Geändert: %3
     <message>
         <source>Decide Later</source>
         <translation>Später entscheiden</translation>
+    </message>
+    <message>
+        <source>Scene</source>
+        <translation>Szene</translation>
+    </message>
+    <message>
+        <source>Take</source>
+        <translation>Take</translation>
+    </message>
+    <message>
+        <source>Rating</source>
+        <translation>Wertung</translation>
+    </message>
+    <message>
+        <source>Label</source>
+        <translation>Label</translation>
+    </message>
+    <message>
+        <source>Comment</source>
+        <translation>Kommentar</translation>
+    </message>
+    <message>
+        <source>Markers</source>
+        <translation>Marker</translation>
+    </message>
+    <message>
+        <source>Media</source>
+        <translation>Medien</translation>
+    </message>
+    <message>
+        <source>1 marker</source>
+        <translation>1 Marker</translation>
+    </message>
+    <message>
+        <source>%1 markers</source>
+        <translation>%1 Marker</translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation>nichts</translation>
     </message>
 </context>
 <context>
@@ -3089,6 +3111,45 @@ rating:&gt;=4 rating:none connected:no connected:offline</translation>
     <message>
         <source>No movie of this folder is left out</source>
         <translation>Kein Film dieses Ordners ist ausgelassen</translation>
+    </message>
+</context>
+<context>
+    <name>marquill::ManualWindow</name>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Vorwärts</translation>
+    </message>
+    <message>
+        <source>Marquill Manual</source>
+        <translation>Marquill-Handbuch</translation>
+    </message>
+    <message>
+        <source>To the page before (Alt+Left)</source>
+        <translation>Zur vorigen Seite (Alt+Links)</translation>
+    </message>
+    <message>
+        <source>To the page after (Alt+Right)</source>
+        <translation>Zur nächsten Seite (Alt+Rechts)</translation>
+    </message>
+    <message>
+        <source>Find on this page</source>
+        <translation>Auf dieser Seite suchen</translation>
+    </message>
+    <message>
+        <source>Pages</source>
+        <translation>Seiten</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Seite</translation>
+    </message>
+    <message>
+        <source>The text is not on this page.</source>
+        <translation>Der Text steht nicht auf dieser Seite.</translation>
     </message>
 </context>
 <context>

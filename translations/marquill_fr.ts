@@ -113,41 +113,6 @@
     </message>
 </context>
 <context>
-    <name>ClipConflicts</name>
-    <message>
-        <source>Scene</source>
-        <translation>Séquence</translation>
-    </message>
-    <message>
-        <source>Take</source>
-        <translation>Prise</translation>
-    </message>
-    <message>
-        <source>Rating</source>
-        <translation>Note</translation>
-    </message>
-    <message>
-        <source>Label</source>
-        <translation>Étiquette</translation>
-    </message>
-    <message>
-        <source>Comment</source>
-        <translation>Commentaire</translation>
-    </message>
-    <message>
-        <source>Markers</source>
-        <translation>Marqueurs</translation>
-    </message>
-    <message>
-        <source>Media</source>
-        <translation>Média</translation>
-    </message>
-    <message>
-        <source>nothing</source>
-        <translation>rien</translation>
-    </message>
-</context>
-<context>
     <name>ClipFilter</name>
     <message>
         <source>rating: needs a number from 0 to 5</source>
@@ -844,6 +809,15 @@ Modifié&#xa0;: %3
     <message>
         <source>The log cannot be written: %1</source>
         <translation>Le journal ne peut pas être écrit&#xa0;: %1</translation>
+    </message>
+</context>
+<context>
+    <name>ManualPages</name>
+    <message>
+        <source>The manual was not installed with the program. It was looked for in:
+%1</source>
+        <translation>Le manuel n’a pas été installé avec le programme. Il a été cherché dans&#xa0;:
+%1</translation>
     </message>
 </context>
 <context>
@@ -2208,6 +2182,14 @@ Modifié&#xa0;: %3
         <source>Show Pictures</source>
         <translation>Afficher les images</translation>
     </message>
+    <message>
+        <source>There is no manual</source>
+        <translation>Il n’y a pas de manuel</translation>
+    </message>
+    <message>
+        <source>Manual</source>
+        <translation>Manuel</translation>
+    </message>
 </context>
 <context>
     <name>marquill::ClipAttributes</name>
@@ -2253,6 +2235,46 @@ Modifié&#xa0;: %3
     <message>
         <source>Decide Later</source>
         <translation>Décider plus tard</translation>
+    </message>
+    <message>
+        <source>Scene</source>
+        <translation>Séquence</translation>
+    </message>
+    <message>
+        <source>Take</source>
+        <translation>Prise</translation>
+    </message>
+    <message>
+        <source>Rating</source>
+        <translation>Note</translation>
+    </message>
+    <message>
+        <source>Label</source>
+        <translation>Étiquette</translation>
+    </message>
+    <message>
+        <source>Comment</source>
+        <translation>Commentaire</translation>
+    </message>
+    <message>
+        <source>Markers</source>
+        <translation>Marqueurs</translation>
+    </message>
+    <message>
+        <source>Media</source>
+        <translation>Média</translation>
+    </message>
+    <message>
+        <source>1 marker</source>
+        <translation>1 marqueur</translation>
+    </message>
+    <message>
+        <source>%1 markers</source>
+        <translation>%1 marqueurs</translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation>rien</translation>
     </message>
 </context>
 <context>
@@ -3089,6 +3111,45 @@ rating:&gt;=4 rating:none connected:no connected:offline</translation>
     <message>
         <source>No movie of this folder is left out</source>
         <translation>Aucun film de ce dossier n’est laissé de côté</translation>
+    </message>
+</context>
+<context>
+    <name>marquill::ManualWindow</name>
+    <message>
+        <source>Back</source>
+        <translation>Précédent</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Suivant</translation>
+    </message>
+    <message>
+        <source>Marquill Manual</source>
+        <translation>Manuel de Marquill</translation>
+    </message>
+    <message>
+        <source>To the page before (Alt+Left)</source>
+        <translation>À la page précédente (Alt+Gauche)</translation>
+    </message>
+    <message>
+        <source>To the page after (Alt+Right)</source>
+        <translation>À la page suivante (Alt+Droite)</translation>
+    </message>
+    <message>
+        <source>Find on this page</source>
+        <translation>Rechercher dans cette page</translation>
+    </message>
+    <message>
+        <source>Pages</source>
+        <translation>Pages</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Page</translation>
+    </message>
+    <message>
+        <source>The text is not on this page.</source>
+        <translation>Le texte n’est pas dans cette page.</translation>
     </message>
 </context>
 <context>
