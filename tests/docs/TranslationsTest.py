@@ -31,6 +31,8 @@ FAULTS = {
     "a constant that is made too early": ("src/platform/NoticeBar.cpp", "namespace marquill {",
                                           'namespace marquill {\nconst QString early = NoticeBar::tr("Notice");',
                                           "translated before the program runs"),
+    "a table whose texts tr() does not find": ("src/clipmanager/ClipConflicts.cpp", '("marquill::ClipConflicts"', '("ClipConflicts"',
+                                               "tr() looks under “marquill::ClipConflicts”"),
     "a class that the catalogue does not know": ("src/platform/NoticeBar.cpp", 'tr("Notice")', 'Strange::tr("Notice")',
                                                  "Strange is not seen"),
 }
