@@ -122,7 +122,8 @@ class Shoot:
         if status := self.program.end_as_asked():
             raise AssertionError(f"the program ended with {status} when it was asked to, during “{operator.now}”")
         self.counts["ended as asked"] += 1
-        if list(self.journals.glob("*")):
+        operator.note_end()
+        if list(self.journals.glob("*.journal")):
             raise AssertionError("a program that ended as it was asked to left a journal")
         return moment + GRACE  # what the program had dealt with by then needs none
 

@@ -3,7 +3,7 @@ hold from then on."""
 import time
 
 from driven_program import Ended
-from shoot_ledger import CONNECTED, Clip, Marker
+from shoot_ledger import ANYTHING, CONNECTED, Clip, Marker
 
 BUTTONS = ["Action", "Cut", "Good", "NG", "Boom in shot", "Focus soft", "Pickup", "Wild line", "Flare", "Hold"]
 WORDS = ["second half only", "Ton läuft <nach>", "check & mark", "", "lens cap", "Blende 5,6 – bitte prüfen"]
@@ -264,6 +264,11 @@ class Operator:
                     clip.places.add("gone")
         self.begin("quit")
         self.program.do("button", answer)
+
+    def note_end(self):
+        """The program has stopped the take in progress and selected it: what was still being typed went there."""
+        if self.take:
+            self.take.values["clipComment"] = ANYTHING
 
     def quit_keeping_trash(self):
         try:
