@@ -1,6 +1,7 @@
 #include "clipmanager/ClipManagerFixture.h"
 #include "clipmanager/ClipManagerSettings.h"
 #include "clipmanager/DayStrip.h"
+#include "connect/ClipPictures.h"
 
 #include <QAction>
 #include <QApplication>
@@ -73,6 +74,23 @@ class ClipManagerSettingsTest : public QObject {
         QVERIFY(!_fixture->outlet<DayStrip>(u"_dayStrip"_s).isWanted());
         _fixture->manager->validateMenuItem(command);
         QCOMPARE(command.text(), u"Show Day Timeline"_s);
+    }
+
+    void picturesStayAsTheUserLeftThem() {
+        QVERIFY(!ClipManagerSettings::arePicturesVisible({}));
+        _fixture->show();
+        QVERIFY(!_fixture->table().pictures().isVisible());
+        QAction command;
+        command.setObjectName(u"showHidePictures"_s);
+        _fixture->manager->validateMenuItem(command);
+        QCOMPARE(command.text(), u"Show Pictures"_s);
+        _fixture->manager->showHidePictures();
+        QCOMPARE(savedSettings().boolean(u"kPicturesVisible"), true);
+        const Dictionary saved = savedSettings();
+        _fixture->manager = ClipManager::initWithSettings(saved);
+        QVERIFY(_fixture->table().pictures().isVisible());
+        _fixture->manager->validateMenuItem(command);
+        QCOMPARE(command.text(), u"Hide Pictures"_s);
     }
 
     // The divider
