@@ -109,15 +109,16 @@ class Operator:
         clips = self.random.sample(clips, min(len(clips), self.random.randint(1, most)))
         if not clips:
             return clips
-        numbers = None
-        while True:  # a take that was just stopped is selected on a later turn
+        wanted, has_clicked = {clip.scene for clip in clips}, False  # a click gives the table the keyboard too
+        while True:  # a take that was just stopped comes between the rows, and is selected, on a later turn
             state = self.program.state()
-            if numbers is not None and sorted(state["selected"]) == sorted(numbers):
+            if has_clicked and {state["rows"][number]["Scene"] for number in state["selected"]} == wanted:
                 return clips
-            numbers, _ = self.rows(clips)
+            numbers = [number for number, row in enumerate(state["rows"]) if row["Scene"] in wanted]
             if len(numbers) != len(clips):
                 raise AssertionError(f"of {[clip.describe() for clip in clips]} {len(numbers)} are listed")
             self.program.do("rows", rows=numbers)
+            has_clicked = True
 
     def change(self, clip, key, value, operation, do, text="", **more):
         """Gives the command `do`, which changes a value of the clip."""
