@@ -109,8 +109,9 @@ void TableColumns::restore() {
             continue;
         }
         _header.moveSection(_header.visualIndex(column), place++);
-        const qint64 width = described.integer(key::kWidth).value_or(_header.sectionSize(column));
-        _header.resizeSection(column, static_cast<int>(std::clamp<qint64>(width, narrowest, widest)));
+        if (const std::optional<qint64> width = described.integer(key::kWidth)) {
+            _header.resizeSection(column, static_cast<int>(std::clamp<qint64>(*width, narrowest, widest)));
+        }
     }
     const bool ascends = settings.boolean(key::kSortAscending).value_or(true);
     const QString sorted = settings.string(key::kSortColumn).value_or(QString());
