@@ -154,7 +154,8 @@ void ClipTableController::takeRenamed(const RenamedClip& renamed, Taking& taking
     }
     takeInto(*present, renamed.clip, taking);
     // Whoever reads the folder anew shall find it under its name.
-    const bool isStale = hasRecord(renamed.clip.file) && renamed.clip.file.clip->clipName() != name;
+    const bool isStale =
+        hasRecord(renamed.clip.file) && !renamed.clip.file.held->held(ClipKey::clipName, Value(name));
     if (hadItsName && isStale) {
         taking.toWrite.push_back(*present);
     }
