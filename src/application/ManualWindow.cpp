@@ -88,11 +88,11 @@ void ManualWindow::showSelectedPage() {
 }
 
 // After a link, or one of the buttons. A page that is not in the list leaves none selected.
-void ManualWindow::selectShownPage() {
-    const QString path = _browser->source().toLocalFile();
-    const auto page = std::ranges::find(_pages, path, &ManualPage::path);
+void ManualWindow::selectShownPage(const QUrl& page) {
+    const QString path = page.toLocalFile();
+    const auto found = std::ranges::find(_pages, path, &ManualPage::path);
     const QSignalBlocker quiet(_list);
-    _list->setCurrentRow(page == _pages.end() ? -1 : static_cast<int>(page - _pages.begin()));
+    _list->setCurrentRow(found == _pages.end() ? -1 : static_cast<int>(found - _pages.begin()));
 }
 
 void ManualWindow::find() {

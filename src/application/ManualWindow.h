@@ -30,7 +30,7 @@ class ManualWindow : public QWidget {
     QWidget* newHeader();
     void setUpPages();
     void showSelectedPage();
-    void selectShownPage();
+    void selectShownPage(const QUrl& page);
     void find();
 
     std::vector<ManualPage> _pages;
