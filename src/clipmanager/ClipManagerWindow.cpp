@@ -94,6 +94,8 @@ void ClipManager::buildSearchBar() {
     _searchField = new ClipSearchField(bar);
     bar->addWidget(_searchField);
     _window->addToolBar(bar);
+    // What comes into the window last is the last that Tab leads to; the field is read first.
+    _window->setCentralWidget(_window->takeCentralWidget());
 }
 
 void ClipManager::setUpSplitViews() {
