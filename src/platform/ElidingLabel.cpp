@@ -8,7 +8,8 @@
 namespace marquill {
 
 QSize ElidingLabel::sizeHint() const {
-    return sizeForWidth(fontMetrics().horizontalAdvance(text()));
+    // Widths have fractions: a place of the rounded one may be too narrow, and shorten what fits.
+    return sizeForWidth(fontMetrics().horizontalAdvance(text()) + 1);
 }
 
 QSize ElidingLabel::minimumSizeHint() const {

@@ -79,6 +79,8 @@ class ClipSearchTest : public QObject {
         QCOMPARE(count().text(), u"0 of 3 Clips Selected"_s);
         QCOMPARE(summary().text(), u"2 shown"_s);
         QVERIFY(summary().isVisible());
+        QTRY_VERIFY(summary().width() >
+                    summary().fontMetrics().horizontalAdvance(summary().text()) + 2 * summary().margin());
         _fixture->select(u"boat#01.xml"_s);
         QCOMPARE(count().text(), u"1 of 3 Clips Selected"_s);
         field().clear();
