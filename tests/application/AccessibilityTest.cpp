@@ -1,23 +1,18 @@
 // What somebody who cannot see the windows, or has no mouse, finds in them: every control of every window has
 // a name, a role and a place in the Tab order, which is the order of reading.
 #include "application/Application.h"
+#include "application/EveryWindow.h"
 #include "application/GlobalKeys.h"
 #include "clipmanager/ClipManager.h"
-#include "clipmanager/LeftOutMoviesDialog.h"
 #include "clipstore/ClipStore.h"
 #include "connect/ClipTableController.h"
-#include "connect/ClipViewer.h"
-#include "folders/Preferences.h"
 #include "folders/RecordFolderController.h"
 #include "markers/MarkerButton.h"
 #include "markers/MarkerSets.h"
 #include "platform/FakeDialogs.h"
 #include "platform/Files.h"
-#include "platform/FloatingPanel.h"
 #include "platform/UserDefaults.h"
-#include "platform/WindowDescription.h"
 #include "recording/OfflineRecorder.h"
-#include "recording/RecoverTakesDialog.h"
 
 #include <QAbstractButton>
 #include <QAbstractScrollArea>
@@ -198,81 +193,15 @@ class AccessibilityTest : public QObject {
 
     std::unique_ptr<QTemporaryDir> _folder;
     std::unique_ptr<FakeDialogs> _dialogs;
-    std::unique_ptr<LeftOutMoviesDialog> _leftOut;
-    std::unique_ptr<RecoverTakesDialog> _recover;
-    std::unique_ptr<QWidget> _loaded;
+    std::unique_ptr<EveryWindow> _windows;
 
     QString path(const QString& name) const { return joinPath(_folder->path(), name); }
 
-    // The window of that name, on show.
-    QWidget* open(const QString& name) {
-        QWidget* window = made(name);
-        if (window) {
-            window->show();
-            QCoreApplication::processEvents();
-        }
-        return window;
-    }
-
-    QWidget* made(const QString& name) {
-        if (name == "Clip"_L1 || name == "File and Log"_L1) {
-            QMainWindow* window = ClipManager::getClipManager()->window();
-            window->findChild<QTabWidget*>(u"_attributePane"_s)->setCurrentIndex(name == "Clip"_L1 ? 0 : 1);
-            return window;
-        }
-        if (name == "Recorder"_L1) {
-            return OfflineRecorder::window();
-        }
-        if (name == "Markers"_L1) {
-            return MarkerSets::window();
-        }
-        if (name == "Labels"_L1 || name == "General"_L1) {
-            Preferences::switchToTab(name == "Labels"_L1 ? u"shotLabels"_s : name);
-            return &Preferences::shared()->window();
-        }
-        return madeNow(name);
-    }
-
-    QWidget* madeNow(const QString& name) {
-        if (name == "Set Editor"_L1) {
-            MarkerSets::window()->findChild<QAbstractButton*>(u"_editSetButton"_s)->click();
-            return topLevel("QDialog", u"_markerSetEditor"_s);
-        }
-        if (name == "Keyboard Shortcuts"_L1) {
-            application().showKeyboardShortCuts();
-            return topLevel("marquill::KeyboardShortcuts", {});
-        }
-        if (name == "Viewer"_L1) {
-            ClipViewer* viewer = ClipViewer::openClipWithFile(path(u"Shot#01.xml"_s));
-            return viewer ? &viewer->window() : nullptr;
-        }
-        if (name == "Left-Out Movies"_L1) {
-            _leftOut = LeftOutMoviesDialog::create(_folder->path(), nullptr).value_or(nullptr);
-            return _leftOut ? _leftOut->window() : nullptr;
-        }
-        if (name == "Recover Takes"_L1) {
-            _recover = RecoverTakesDialog::create(_folder->path(), nullptr).value_or(nullptr);
-            return _recover ? _recover->window() : nullptr;
-        }
-        _loaded = WindowDescription::load(name).value_or(nullptr);
-        return _loaded.get();
-    }
-
-    static QWidget* topLevel(const char* className, const QString& name) {
-        for (QWidget* window : QApplication::topLevelWidgets()) {
-            if (window->inherits(className) && window->isVisible() &&
-                (name.isEmpty() || window->objectName() == name)) {
-                return window;
-            }
-        }
-        return nullptr;
-    }
+    QWidget* open(const QString& name) { return _windows->open(name); }
 
     static void addWindows() {
         QTest::addColumn<QString>("name");
-        for (const char* name : {"Clip", "File and Log", "Recorder", "Markers", "Set Editor", "Labels",
-                                 "General", "Left-Out Movies", "Recover Takes", "TextExportOptions",
-                                 "ProgressSheet", "Keyboard Shortcuts", "Viewer"}) {
+        for (const char* name : EveryWindow::names) {
             QTest::newRow(name) << QString::fromLatin1(name);
         }
     }
@@ -283,6 +212,7 @@ class AccessibilityTest : public QObject {
         _dialogs = std::make_unique<FakeDialogs>();
         UserDefaults::useFile(path(u"settings.plist"_s));
         application().finishLaunching();
+        _windows = std::make_unique<EveryWindow>(_folder->path());
         ClipInfo clip;
         clip.setClipName(u"Shot#01.xml"_s);
         clip.setClipRating(3);
@@ -299,9 +229,7 @@ class AccessibilityTest : public QObject {
     }
 
     void cleanup() {
-        _loaded.reset();
-        _recover.reset();
-        _leftOut.reset();
+        _windows.reset();
         QVERIFY(application().shouldTerminate() == Application::TerminateReply::now);
         _dialogs.reset();
     }
