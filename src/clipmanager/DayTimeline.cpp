@@ -19,7 +19,7 @@ constexpr int hour = 60 * minute;
 constexpr double longestTake = 24.0 * hour;
 constexpr double shortestTake = 1;  // durations are cut off to whole seconds
 constexpr double shortestLine = hour;
-constexpr qint64 rounding = 5 * minute;  // what a line begins and ends at a multiple of
+constexpr qint64 rounding = qint64{5} * minute;  // what a line begins and ends at a multiple of
 
 qint64 wholeSeconds(Date date) {
     return static_cast<qint64>(std::floor(date.time_since_epoch().count()));

@@ -87,7 +87,7 @@ class DayTimelineView::Painting {
     }
 
     void paintHours() {
-        QFont font = Theme::timeFont(labelPointSize(_view));
+        const QFont font = Theme::timeFont(labelPointSize(_view));
         _painter.setFont(font);
         const QFontMetricsF metrics(font);
         const double top = ticksTop + tickHeight;

@@ -13,9 +13,9 @@ const KnownClip* KnownClips::find(const QString& folder, const QString& name) co
     return found == inFolder->cend() ? nullptr : &*found;
 }
 
-void KnownClips::set(const QString& folder, const QString& name, KnownClip known) {
+void KnownClips::set(const QString& folder, const QString& name, const KnownClip& known) {
     touch(folder, name);
-    _folders[folder].insert(name, std::move(known));
+    _folders[folder].insert(name, known);
 }
 
 void KnownClips::remove(const QString& folder, const QString& name) {
@@ -41,8 +41,8 @@ void KnownClips::move(const QString& folder, const QString& name, const QString&
 void KnownClips::folderMoved(const QString& from, const QString& to) {
     for (const QString& folder : _folders.keys()) {
         if (folder == from || folder.startsWith(from + u'/')) {
-            KnownFolder moved = _folders.take(folder);
-            _folders.insert(to + folder.sliced(from.size()), std::move(moved));
+            const KnownFolder moved = _folders.take(folder);
+            _folders.insert(to + folder.sliced(from.size()), moved);
         }
     }
 }

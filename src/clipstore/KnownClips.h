@@ -42,7 +42,7 @@ class KnownClips {
     KnownFolder ofFolder(const QString& folder) const { return _folders.value(folder); }
 
     /// `known` is how the file is now.
-    void set(const QString& folder, const QString& name, KnownClip known);
+    void set(const QString& folder, const QString& name, const KnownClip& known);
     void remove(const QString& folder, const QString& name);
     /// The file has another place or another name now, and is what it was.
     void move(const QString& folder, const QString& name, const QString& toFolder, const QString& toName);

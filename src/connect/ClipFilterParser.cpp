@@ -163,7 +163,7 @@ class ClipFilterParser {
         using Comparison = ClipFilter::Comparison;
         struct Sign {
             QLatin1StringView text;
-            Comparison comparison;
+            Comparison comparison = Comparison::equal;
         };
         // The longer ones before those that they begin with.
         constexpr std::array signs = {

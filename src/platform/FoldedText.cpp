@@ -20,7 +20,7 @@ bool isDiacritic(char16_t unit) {
 }
 
 struct Plain {
-    char16_t character;
+    char16_t character = 0;
     QLatin1StringView text;
 };
 

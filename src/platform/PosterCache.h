@@ -13,7 +13,7 @@ namespace marquill {
 
 class PosterCache {
   public:
-    static constexpr qint64 defaultLimit = 200 * 1024 * 1024;
+    static constexpr qint64 defaultLimit = qint64{200} * 1024 * 1024;
 
     /// Keeps the pictures in `folder`, which is made when it is needed, and removes the oldest where all of
     /// them together grow beyond `mostBytes`.

@@ -25,7 +25,7 @@ class PosterFrames : public QObject {
         std::chrono::milliseconds patience{
             30'000};     ///< with one movie; after it the movie has none for a while
         int atOnce = 2;  ///< movies that are read at the same time
-        qint64 memoryBytes = 32 * 1024 * 1024;
+        qint64 memoryBytes = qint64{32} * 1024 * 1024;
         qint64 cacheBytes = PosterCache::defaultLimit;
     };
     static constexpr int width = 256;  ///< pixels, at most; of the height too

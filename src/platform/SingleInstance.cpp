@@ -55,7 +55,13 @@ SingleInstance::~SingleInstance() {
     if (_lock) {
         _server.close();
         // Before the lock is given up: later, the file could be the next owner's.
-        static_cast<void>(FileSystem::current().removeFile(lockPath()));
+        removeLockFile();
+    }
+}
+
+void SingleInstance::removeLockFile() const {
+    if (const Result<void> removed = FileSystem::current().removeFile(lockPath()); !removed) {
+        qCDebug(logPlatform).noquote() << removed.error().description();
     }
 }
 
@@ -108,7 +114,7 @@ bool SingleInstance::listen() {
         return true;
     }
     qCWarning(logPlatform).noquote() << "later starts cannot be heard of:" << _server.errorString();
-    static_cast<void>(FileSystem::current().removeFile(lockPath()));
+    removeLockFile();
     _lock.reset();
     return false;
 }

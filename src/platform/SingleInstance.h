@@ -52,6 +52,7 @@ class SingleInstance : public QObject {
   private:
     Result<void> makeLockFile() const;
     bool listen();
+    void removeLockFile() const;
     bool handOn(const ProgramStart& start, std::chrono::milliseconds patience) const;
     void accept();
     void read(QLocalSocket& socket);

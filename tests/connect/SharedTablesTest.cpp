@@ -125,7 +125,8 @@ class SharedTablesTest : public QObject {
 
     void whatOthersMakeChangeRenameAndRemoveIsShown() {
         show(4);
-        const QAbstractItemModelTester tester(new UnnumberedRows(_table->controller.model()));
+        UnnumberedRows rows(_table->controller.model());
+        const QAbstractItemModelTester tester(&rows);
         const ClipInfo renamed = _table->clip(u"C001#01.xml"_s);
         make(u"B#01.xml"_s, 100);
         change(u"C000#01.xml"_s, ClipKey::clipComment, u"theirs"_s);
