@@ -313,8 +313,7 @@ class ShootDriverPlugin : public QGenericPlugin {
     Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "ShootDriver.json")
 
   public:
-    QObject* create(const QString& name, const QString& specification) override {
-        Q_UNUSED(specification)
+    QObject* create(const QString& name, const QString& /*settings*/) override {
         return name == "shootdriver"_L1 ? new ShootDriver : nullptr;
     }
 };
