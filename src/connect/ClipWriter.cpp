@@ -131,11 +131,11 @@ void ClipWriter::retry() {
     tellWhenAllWritten();
 }
 
-void ClipWriter::resolve(const ClipInConflict& conflict, ClipPreference preference) {
-    const ClipInConflict answered = conflict;
-    forget(answered.folder, nameOf(answered.clip));
-    keep(answered.clip, answered.folder,
-         tryToWrite({answered.clip}, answered.folder, {.preference = preference, .to = answered.keys})
+void ClipWriter::resolve(ClipInConflict conflict, ClipPreference preference) {
+    forget(conflict.folder, nameOf(conflict.clip));
+    keep(conflict.clip, conflict.folder,
+         tryToWrite({conflict.clip}, conflict.folder,
+                    {.preference = preference, .to = std::move(conflict.keys)})
              .front());
     if (hasFailing()) {
         _timer.start();

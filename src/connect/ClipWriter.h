@@ -58,7 +58,7 @@ class ClipWriter : public QObject {
     const std::vector<ClipInConflict>& conflicts() const { return _conflicts; }
     /// Writes the clip with what one side has. Where others have changed it again since it was shown so, it
     /// is in conflict anew.
-    void resolve(const ClipInConflict& conflict, ClipPreference preference);
+    void resolve(ClipInConflict conflict, ClipPreference preference);
 
   Q_SIGNALS:
     /// There are others in conflict than before, or none.

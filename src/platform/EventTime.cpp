@@ -30,7 +30,7 @@ constexpr quint32 longestWait = 30'000;
 
 struct Moment {
     Date date;
-    quint32 milliseconds;
+    quint32 milliseconds = 0;
 };
 
 // Both clocks at one moment: on a busy machine the program may lose its turn between them.
