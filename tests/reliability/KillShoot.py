@@ -1,3 +1,4 @@
+#!/usr/bin/env python3
 """Kills Marquill with SIGKILL at random moments of a shoot, and looks whether anything was lost.
 
     tests/reliability/KillShoot.py PROGRAM PLUGINS [--kills 1000] [--seed 1] [--lanes 2]
