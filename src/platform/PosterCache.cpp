@@ -15,7 +15,7 @@ namespace marquill {
 
 namespace {
 
-constexpr qint64 largestFile = 1024 * 1024;
+constexpr qint64 largestFile = qint64{1024} * 1024;
 constexpr int quality = 80;
 
 // Every JPEG file begins and ends so; one that was cut off does not.
