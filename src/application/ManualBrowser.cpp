@@ -3,16 +3,30 @@
 #include "application/ManualPages.h"
 #include "platform/Literals.h"
 #include "platform/Log.h"
+#include "platform/Theme.h"
 
 #include <QDesktopServices>
 #include <QScrollBar>
 #include <QTextBlock>
+#include <QTextTable>
 
 namespace marquill {
 
 namespace {
 constexpr int pictureWidth = 680;
 constexpr int margin = 16;
+constexpr int cellPadding = 5;
+
+void drawThinLines(QTextTable& table) {
+    QTextTableFormat format = table.format();
+    format.setBorderCollapse(true);
+    format.setBorder(1);
+    format.setBorderBrush(Theme::colours().border);
+    format.setCellPadding(cellPadding);
+    format.setCellSpacing(0);
+    format.setBottomMargin(margin);
+    table.setFormat(format);
+}
 }  // namespace
 
 ManualBrowser::ManualBrowser(QWidget* parent) : QTextBrowser(parent) {
@@ -30,8 +44,11 @@ QVariant ManualBrowser::loadResource(int type, const QUrl& name) {
     if (!picture.loadFromData(resource.toByteArray())) {
         return resource;
     }
-    if (picture.width() > pictureWidth) {
-        picture.setDevicePixelRatio(static_cast<double>(picture.width()) / pictureWidth);
+    const int widest = qRound(pictureWidth * devicePixelRatioF());
+    if (picture.width() > widest) {
+        picture =
+            picture.convertToFormat(QImage::Format_RGB32).scaledToWidth(widest, Qt::SmoothTransformation);
+        picture.setDevicePixelRatio(devicePixelRatioF());
     }
     return picture;
 }
@@ -51,6 +68,11 @@ bool ManualBrowser::findNext(const QString& text) {
 
 void ManualBrowser::doSetSource(const QUrl& url, QTextDocument::ResourceType type) {
     QTextBrowser::doSetSource(url, type);
+    for (QTextFrame* frame : document()->rootFrame()->childFrames()) {
+        if (auto* table = qobject_cast<QTextTable*>(frame)) {
+            drawThinLines(*table);
+        }
+    }
     if (url.hasFragment()) {
         showHeading(url.fragment());
     }

@@ -12,8 +12,7 @@ class ManualBrowser : public QTextBrowser {
   public:
     explicit ManualBrowser(QWidget* parent = nullptr);
 
-    /// Pictures are shown with all their pixels, but no wider than a page, as on a screen of double
-    /// resolution.
+    /// Pictures are no wider than a page, and as fine as the screen is.
     QVariant loadResource(int type, const QUrl& name) override;
 
     /// Selects the next place where `text` stands, from the top again after the last; false: nowhere.
