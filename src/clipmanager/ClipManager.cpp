@@ -83,6 +83,8 @@ std::unique_ptr<ClipManager> ClipManager::initWithSettings(const Dictionary& set
     manager->setUpEditor();
     manager->setUpExports();
     manager->setUpSplitViews();
+    // The search is first in the order of Tab, but is not what a start is for.
+    manager->_recordFolderTable->setFocus();
     manager->observe();
     manager->restore(settings);
     return manager;

@@ -274,6 +274,11 @@ class ClipSearchTest : public QObject {
         QVERIFY(!_fixture->table().isSearching());
     }
 
+    void theKeyboardIsNotInTheFieldAtAStart() {
+        QVERIFY(manager().window()->focusWidget());
+        QVERIFY(manager().window()->focusWidget() != &field());
+    }
+
     // The tool bar has the commands, and no more.
     void theFieldStandsAtTheRightEdge() {
         const auto& bar = _fixture->outlet<QToolBar>(u"SearchBar"_s);
