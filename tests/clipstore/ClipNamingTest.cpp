@@ -14,6 +14,36 @@ ClipInfo named(const QString& clipName) {
     return info;
 }
 
+/// Counts how often a name is asked for; in use while it lives. Its listings are as old as a test wants.
+class AskedFileSystem final : public FileSystem {
+  public:
+    AskedFileSystem() { install(this); }
+    ~AskedFileSystem() override { install(nullptr); }
+
+    int asked = 0;
+    std::optional<QStringList> oldListing = {};
+
+    Result<FileAttributes> attributes(const QString& path, Links links) override {
+        ++asked;
+        return system().attributes(path, links);
+    }
+    Result<QStringList> list(const QString& folder) override {
+        return oldListing ? Result<QStringList>(*oldListing) : system().list(folder);
+    }
+    Result<std::unique_ptr<OpenFile>> open(const QString& path, OpenMode mode) override {
+        return system().open(path, mode);
+    }
+    Result<QString> linkTarget(const QString& link) override { return system().linkTarget(link); }
+    Result<void> replace(const QString& from, const QString& to) override {
+        return system().replace(from, to);
+    }
+    Result<void> move(const QString& from, const QString& to) override { return system().move(from, to); }
+    Result<void> removeFile(const QString& path) override { return system().removeFile(path); }
+    Result<void> removeFolder(const QString& path) override { return system().removeFolder(path); }
+    Result<void> makeFolder(const QString& path) override { return system().makeFolder(path); }
+    Result<void> syncFolder(const QString& path) override { return system().syncFolder(path); }
+};
+
 /// Whether the folder's file system takes "A" and "a" for one name.
 bool ignoresCase(const ClipFolder& folder) {
     folder.make(u"case probe"_s);
@@ -68,6 +98,40 @@ class ClipNamingTest : public QObject {
         }
         QCOMPARE(ClipStore::getNewClipNameForFolder(folder.path(), u"Clip"_s),
                  (NewClipName{u"Clip#100"_s, 100}));
+    }
+
+    // On a network volume each question lasts.
+    void manyTakesAreNotAskedForOneByOne() {
+        const ClipFolder folder;
+        for (int take = 1; take <= 300; ++take) {
+            folder.make(u"Clip#%1.%2"_s.arg(take, 2, 10, QChar(u'0')).arg(take % 2 ? u"xml"_s : u"mov"_s));
+        }
+        AskedFileSystem disk;
+        QCOMPARE(ClipStore::getNewClipNameForFolder(folder.path(), u"Clip"_s)->takeNo, 301);
+        QVERIFY2(disk.asked < 30, qPrintable(QString::number(disk.asked)));
+    }
+
+    void aGapAmongManyTakesIsUsedAgain() {
+        const ClipFolder folder;
+        for (int take = 1; take <= 40; ++take) {
+            folder.make(u"Clip#%1.xml"_s.arg(take == 33 ? 133 : take, 2, 10, QChar(u'0')));
+        }
+        for (const QString& other :
+             {u"Clip#33.txt"_s, u"Clip#033.xml"_s, u"Clip#+33.xml"_s, u"Clip#33 .xml"_s, u"Clip#٣٣.xml"_s,
+              u"Clip#3.xml"_s, u"clip#33.xml.mov"_s}) {
+            folder.make(other);
+        }
+        QCOMPARE(ClipStore::getNewClipNameForFolder(folder.path(), u"Clip"_s)->takeNo, 33);
+    }
+
+    void whatAListingDoesNotTellIsNotFreeForThat() {
+        const ClipFolder folder;
+        for (int take = 1; take <= 20; ++take) {
+            folder.make(u"Clip#%1.xml"_s.arg(take, 2, 10, QChar(u'0')));
+        }
+        AskedFileSystem disk;
+        disk.oldListing = QStringList{u"Clip#01.xml"_s, u"Clip#12.xml"_s};
+        QCOMPARE(ClipStore::getNewClipNameForFolder(folder.path(), u"Clip"_s)->takeNo, 21);
     }
 
     void letterCaseIsTheFileSystemsAffair() {
