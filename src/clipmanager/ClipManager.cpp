@@ -223,6 +223,7 @@ void ClipManager::showFolderContent(const std::optional<QString>& path) {
 
 void ClipManager::folderRead() {
     _clips->sortClips();
+    _clips->prepareSearch();
     showReading(false);
     _watch->watch(*shownFolder());
     Q_EMIT folderHasBeenRead();

@@ -77,7 +77,7 @@ class ClipTableController : public QObject {
     const QString& queryProblem() const { return _queryProblem; }
     /// Whether the query hides what it does not find.
     bool isSearching() const { return !_model.filter().isEmpty(); }
-    /// Makes ready for the first key of a query, bit by bit.
+    /// Makes all clips ready for the first key of a query, bit by bit.
     void prepareSearch();
     /// How many clips are shown: those found, and those shown though they are not.
     int shownClipCount() const { return _rows.rowCount(); }

@@ -65,6 +65,13 @@ class ClipSearchTest : public QObject {
 
     void cleanup() { _fixture.reset(); }
 
+    void aFolderIsMadeReadyForASearchAsSoonAsItIsRead() {
+        const ClipTableModel& model = _fixture->table().model();
+        for (int row = 0; row < 3; ++row) {
+            QTRY_VERIFY_WITH_TIMEOUT(model.isPreparedForSearch(row), 60'000);
+        }
+    }
+
     void whatIsTypedIsSearchedForAtOnce() {
         type(u"q"_s);
         QCOMPARE(shown(), (QStringList{u"boat"_s, u"crane"_s}));
