@@ -1,6 +1,7 @@
 #include "clipstore/ClipStore.h"
 
 #include "clipstore/ClipStoreMovies.h"
+#include "platform/FileNames.h"
 #include "platform/Files.h"
 #include "platform/Log.h"
 #include "platform/PropertyListReader.h"
@@ -158,9 +159,7 @@ bool ClipStore::isProxyClip(const ClipInfo& info) {
 }
 
 std::optional<QString> ClipStore::clipPath(const QString& folder, const QString& clipName) {
-    const bool isFileName = !clipName.isEmpty() && clipName != "."_L1 && clipName != ".."_L1 &&
-                            !clipName.contains(u'/') && !clipName.contains(QChar::Null);
-    if (folder.isEmpty() || !isFileName) {
+    if (folder.isEmpty() || !isFileName(clipName)) {
         return std::nullopt;
     }
     return joinPath(folder, clipName);

@@ -5,6 +5,7 @@
 #include "platform/DelayedCalls.h"
 #include "platform/Dialogs.h"
 #include "platform/FileBrowser.h"
+#include "platform/FileNames.h"
 #include "platform/Files.h"
 #include "platform/Log.h"
 #include "platform/TableView.h"
@@ -26,11 +27,6 @@ const QString kRecordFolderPath = u"kRecordFolderPath"_s;
 
 // How often the list looks whether its folders still stand on disk.
 constexpr std::chrono::milliseconds presenceInterval{1000};
-
-// A name that would lead out of the folder's own parent is none.
-bool isFolderName(const QString& name) {
-    return !name.isEmpty() && !name.contains(u'/') && name != u"."_s && name != u".."_s;
-}
 
 }  // namespace
 
@@ -317,7 +313,7 @@ void RecordFolderController::setItemName(const FolderRecord& folder, const QStri
     FolderRecord renamed = folder;
     const QString from = folder.folderPath().value_or(QString());
     const QString to = joinPath(parentFolder(from), name);
-    const Result<void> moved = isFolderName(name)
+    const Result<void> moved = isFileName(name)
                                    ? FileSystem::current().move(from, to)
                                    : failure(ErrorCode::unsupported, tr("no folder can have that name"), to);
     if (moved) {

@@ -1,5 +1,6 @@
 #include "platform/RecordTextValidator.h"
 
+#include "platform/FileNames.h"
 #include "platform/PropertyListText.h"
 
 namespace marquill {
@@ -15,7 +16,7 @@ QValidator::State RecordTextValidator::validate(QString& text, int&) const {
 }
 
 QValidator::State ClipNameValidator::validate(QString& text, int& position) const {
-    const bool isNamePart = !text.startsWith("tmp_"_L1) && !text.contains(u'/') && !text.contains(u'\n') &&
+    const bool isNamePart = !text.startsWith("tmp_"_L1) && hasNameCharacters(text) && !text.contains(u'\n') &&
                             !text.contains(u'\r') && text.toUtf8().size() <= mostBytesInClipName;
     return isNamePart ? RecordTextValidator::validate(text, position) : Invalid;
 }
