@@ -1,68 +1,19 @@
 // Searching 100,000 clips offscreen: a letter typed into the search, until the table has its rows and has
 // painted them, beside a bare search of the same folded texts in one buffer. Run with
 // QT_QPA_PLATFORM=offscreen.
-#include "connect/ClipTableController.h"
-#include "platform/TableView.h"
-#include "platform/Theme.h"
-#include "platform/UndoManager.h"
-#include "platform/UserDefaults.h"
-
-#include <QApplication>
-#include <QLabel>
-#include <QTemporaryDir>
-
-#include <benchmark/benchmark.h>
-#include <malloc.h>
+#include "bench/ManyClips.h"
 
 using namespace marquill;
 
 namespace {
 
-constexpr int clipCount = 100'000;
-constexpr int markersPerClip = 4;
-
-ClipInfo clip(int number) {
-    ClipInfo info;
-    info.setClipName(u"Interview %1#%2.xml"_s.arg(number * 7919 % clipCount).arg(number % 12));
-    info.setClipScene(u"Scene %1"_s.arg(number % 977));
-    info.setClipLabel(number % 3 == 0 ? u"Print"_s : u"Hold"_s);
-    info.setClipRating(number % 6);
-    info.setClipComment(u"The boat %1 enters from the left, café behind"_s.arg(number % 5003));
-    info.setClipPath(u"/media/A001_C%1.mov"_s.arg(number % 99991));
-    Array markers;
-    for (int marker = 0; marker < markersPerClip; ++marker) {
-        markers.append(Dictionary{{u"clipMarkerTitle"_s, u"Action %1"_s.arg(marker)},
-                                  {u"clipMarkerComment"_s, u"cue %1"_s.arg((number + marker) % 61)}});
-    }
-    info.setClipMarkerArray(markers);
-    return info;
-}
-
 const std::vector<ClipInfo>& clips() {
-    static const std::vector<ClipInfo> made = [] {
-        std::vector<ClipInfo> all;
-        for (int number = 0; number < clipCount; ++number) {
-            all.push_back(clip(number));
-        }
-        return all;
-    }();
-    return made;
+    constexpr int markerCount = 4;
+    return marquill::clips<markerCount>();
 }
 
-struct Window {
-    QWidget window;
-    TableView table{&window};
-    QLabel count;
-    UndoManager undo;
-    ClipTableController controller{table, count, undo};
-
-    Window() {
-        window.resize(1200, 800);
-        table.resize(1200, 800);
-        window.show();
-        controller.setClipArray(clips(), u"/nowhere"_s);
-        QApplication::processEvents();
-    }
+struct Window : ClipWindow {
+    Window() : ClipWindow(clips()) {}
 
     void search(const QString& query) {
         controller.setQuery(query);
@@ -134,16 +85,15 @@ void query(benchmark::State& state, const char* text) {
 // What the first search of a folder costs once more, when nothing was prepared; and what it keeps.
 void firstQuery(benchmark::State& state) {
     Window window;
-    const auto bytes = [] { return static_cast<double>(mallinfo2().uordblks + mallinfo2().hblkhd); };
     for (auto _ : state) {
         state.PauseTiming();
         window.controller.setQuery(u""_s);
         window.controller.setClipArray(clips(), u"/nowhere"_s);
         window.table.viewport()->grab();
-        const double before = bytes();
+        const double before = heapBytes();
         state.ResumeTiming();
         window.search(u"b"_s);
-        state.counters["bytes_per_clip"] = (bytes() - before) / clipCount;
+        state.counters["bytes_per_clip"] = (heapBytes() - before) / clipCount;
     }
 }
 
@@ -158,11 +108,5 @@ BENCHMARK(firstQuery)->Unit(benchmark::kMillisecond)->Iterations(3);
 }  // namespace
 
 int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    const QTemporaryDir settings;
-    UserDefaults::useFile(settings.filePath(u"settings.plist"_s));
-    Theme::apply(application, Theme::Choice::dark);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runBenchmarks(argc, argv);
 }

@@ -2,6 +2,7 @@
 // the same movies' headers where they are known to stand, the texts against writing the same bytes in the
 // same safe way. Both sides are timed in turn in each round; "…_ms" are medians over the rounds, "ratio"
 // theirs.
+#include "bench/Rounds.h"
 #include "clipmanager/TableExport.h"
 #include "clipmanager/TextExport.h"
 #include "clipmanager/XmemlExport.h"
@@ -94,17 +95,6 @@ class Clips {
 const Clips& clips() {
     static const Clips shared;
     return shared;
-}
-
-double millisecondsOf(const auto& work) {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
-}
-
-double median(std::vector<double> values) {
-    std::ranges::sort(values);
-    return values[values.size() / 2];
 }
 
 void check(const Result<void>& result) {

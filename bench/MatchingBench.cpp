@@ -1,6 +1,7 @@
 // Matching place holder clips with media: on its own, beside walking all candidates for each place holder;
 // and finding and dating the media of a card, beside opening each file and reading the movie header from its
 // known place. "…_ms" are medians over the rounds, "to_bare" their ratio, each round timing both in turn.
+#include "bench/Rounds.h"
 #include "connect/MediaFiles.h"
 #include "connect/MediaMatching.h"
 #include "movie/Movie.h"
@@ -108,17 +109,6 @@ class Card {
     MediaFolder _folder;
     std::vector<Place> _places;
 };
-
-double millisecondsOf(const auto& work) {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
-}
-
-double median(std::vector<double> values) {
-    std::ranges::sort(values);
-    return values[values.size() / 2];
-}
 
 void gathering(benchmark::State& state) {
     const Card card;
