@@ -1,8 +1,9 @@
 // The clip table with 100,000 clips, offscreen: showing them until the first rows are painted, sorting by
-// each column, scrolling a page, and the memory per clip beyond its record. Run with
+// each column, scrolling a page, also with pictures, and the memory per clip beyond its record. Run with
 // QT_QPA_PLATFORM=offscreen.
 #include "bench/ManyClips.h"
 #include "connect/ClipFolderReader.h"
+#include "connect/ClipPictures.h"
 #include "platform/PropertyListWriter.h"
 
 #include <QElapsedTimer>
@@ -10,6 +11,8 @@
 #include <QFile>
 #include <QHeaderView>
 #include <QScrollBar>
+
+#include <atomic>
 
 using namespace marquill;
 
@@ -100,6 +103,50 @@ void scrollPage(benchmark::State& state) {
     }
 }
 
+// 10,000 clips that are connected to files, scrolled through by pages with the column of pictures and without
+// it. Each picture is made in the background when its row is seen first, here by filling it.
+void scrollConnected(benchmark::State& state) {
+    constexpr int connected = 10'000;
+    const QTemporaryDir card;
+    qputenv("XDG_CACHE_HOME", QFile::encodeName(card.path()));
+    std::vector<ClipInfo> shown;
+    for (int number = 0; number < connected; ++number) {
+        const QString path = card.filePath(u"A001_C%1.mov"_s.arg(number));
+        QFile file(path);
+        if (!file.open(QIODevice::WriteOnly)) {
+            state.SkipWithError("cannot write the card");
+            return;
+        }
+        shown.push_back(clips()[static_cast<std::size_t>(number)]);
+        shown.back() = ClipInfo(shown.back().record().deepCopy());
+        shown.back().setClipPath(path);
+    }
+    ClipWindow window(shown);
+    ClipPictures& pictures = window.controller.pictures();
+    std::atomic<int> made = 0;
+    pictures.frames().takeStill = [&made](const QString&, int width, const auto&, const auto& take) {
+        QImage picture(width, width * 9 / 16, QImage::Format_RGB32);
+        picture.fill(QColor::fromHsv(++made % 360, 200, 200));
+        take(picture);
+    };
+    pictures.setVisible(state.range(0) != 0);
+    QApplication::processEvents();
+    QScrollBar* bar = window.table.verticalScrollBar();
+    for (auto _ : state) {
+        bar->setValue(bar->value() + bar->pageStep() < bar->maximum() ? bar->value() + bar->pageStep() : 0);
+        window.table.viewport()->grab();
+        state.PauseTiming();
+        QApplication::processEvents();
+        state.ResumeTiming();
+    }
+    while (pictures.frames().isBusy()) {
+        QApplication::processEvents();
+    }
+    state.counters["rows"] =
+        window.table.rowAt(window.table.viewport()->height() - 1) - window.table.rowAt(0);
+    state.counters["pictures"] = made.load();
+}
+
 BENCHMARK(readFolder)->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(show)->Unit(benchmark::kMillisecond);
 BENCHMARK(sortBy)
@@ -108,6 +155,12 @@ BENCHMARK(sortBy)
     ->Iterations(3);
 BENCHMARK(rate)->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(scrollPage)->Unit(benchmark::kMillisecond)->Iterations(100);
+BENCHMARK(scrollConnected)
+    ->ArgName("pictures")
+    ->Arg(0)
+    ->Arg(1)
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(100);
 
 }  // namespace
 
