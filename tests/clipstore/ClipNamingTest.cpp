@@ -1,6 +1,7 @@
 // The next free take of a name, and a clip's take and display name.
 #include "ClipFolder.h"
 #include "clipstore/ClipStore.h"
+#include "platform/ForwardingFileSystem.h"
 
 #include <unistd.h>
 
@@ -15,7 +16,7 @@ ClipInfo named(const QString& clipName) {
 }
 
 /// Counts how often a name is asked for; in use while it lives. Its listings are as old as a test wants.
-class AskedFileSystem final : public FileSystem {
+class AskedFileSystem final : public ForwardingFileSystem {
   public:
     AskedFileSystem() { install(this); }
     ~AskedFileSystem() override { install(nullptr); }
@@ -30,18 +31,6 @@ class AskedFileSystem final : public FileSystem {
     Result<QStringList> list(const QString& folder) override {
         return oldListing ? Result<QStringList>(*oldListing) : system().list(folder);
     }
-    Result<std::unique_ptr<OpenFile>> open(const QString& path, OpenMode mode) override {
-        return system().open(path, mode);
-    }
-    Result<QString> linkTarget(const QString& link) override { return system().linkTarget(link); }
-    Result<void> replace(const QString& from, const QString& to) override {
-        return system().replace(from, to);
-    }
-    Result<void> move(const QString& from, const QString& to) override { return system().move(from, to); }
-    Result<void> removeFile(const QString& path) override { return system().removeFile(path); }
-    Result<void> removeFolder(const QString& path) override { return system().removeFolder(path); }
-    Result<void> makeFolder(const QString& path) override { return system().makeFolder(path); }
-    Result<void> syncFolder(const QString& path) override { return system().syncFolder(path); }
 };
 
 /// Whether the folder's file system takes "A" and "a" for one name.

@@ -4,6 +4,7 @@
 #include "connect/ClipFolderWatch.h"
 #include "connect/ClipWriter.h"
 #include "platform/FaultyFileSystem.h"
+#include "platform/ForwardingFileSystem.h"
 #include "platform/Volume.h"
 
 #include <QFile>
@@ -33,7 +34,7 @@ class FakeVolume final : public Volume {
 
 // Counts the files that are opened, and notes who asks; a test makes the folder unreadable, or lets a clip be
 // away for as many looks as it says. In use while it lives.
-class CountingFileSystem final : public FileSystem {
+class CountingFileSystem final : public ForwardingFileSystem {
   public:
     CountingFileSystem() { install(this); }
     ~CountingFileSystem() override { install(nullptr); }
@@ -54,7 +55,6 @@ class CountingFileSystem final : public FileSystem {
         note();
         return system().attributes(path, links);
     }
-    Result<QString> linkTarget(const QString& link) override { return system().linkTarget(link); }
     Result<QStringList> list(const QString& folder) override {
         note();
         ++lists;
@@ -68,14 +68,6 @@ class CountingFileSystem final : public FileSystem {
         }
         return names;
     }
-    Result<void> replace(const QString& from, const QString& to) override {
-        return system().replace(from, to);
-    }
-    Result<void> move(const QString& from, const QString& to) override { return system().move(from, to); }
-    Result<void> removeFile(const QString& path) override { return system().removeFile(path); }
-    Result<void> removeFolder(const QString& path) override { return system().removeFolder(path); }
-    Result<void> makeFolder(const QString& path) override { return system().makeFolder(path); }
-    Result<void> syncFolder(const QString& path) override { return system().syncFolder(path); }
 
   private:
     void note() {

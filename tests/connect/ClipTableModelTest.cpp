@@ -1,6 +1,7 @@
 #include "clipstore/ClipFolder.h"
 #include "connect/UnnumberedRows.h"
 #include "platform/FaultyFileSystem.h"
+#include "platform/ForwardingFileSystem.h"
 
 #include <QAbstractItemModelTester>
 #include <QIcon>
@@ -20,7 +21,7 @@ ClipInfo placeholder(const QString& name) {
 }
 
 // Counts what is asked of the disk.
-class CountingFileSystem final : public FileSystem {
+class CountingFileSystem final : public ForwardingFileSystem {
   public:
     int asked = 0;
 
@@ -28,19 +29,6 @@ class CountingFileSystem final : public FileSystem {
         ++asked;
         return system().attributes(path, links);
     }
-    Result<std::unique_ptr<OpenFile>> open(const QString& path, OpenMode mode) override {
-        return system().open(path, mode);
-    }
-    Result<QString> linkTarget(const QString& link) override { return system().linkTarget(link); }
-    Result<QStringList> list(const QString& folder) override { return system().list(folder); }
-    Result<void> replace(const QString& from, const QString& to) override {
-        return system().replace(from, to);
-    }
-    Result<void> move(const QString& from, const QString& to) override { return system().move(from, to); }
-    Result<void> removeFile(const QString& path) override { return system().removeFile(path); }
-    Result<void> removeFolder(const QString& path) override { return system().removeFolder(path); }
-    Result<void> makeFolder(const QString& path) override { return system().makeFolder(path); }
-    Result<void> syncFolder(const QString& path) override { return system().syncFolder(path); }
 };
 
 }  // namespace

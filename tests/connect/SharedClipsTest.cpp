@@ -3,6 +3,7 @@
 #include "clipstore/ClipStore.h"
 #include "connect/ClipWriter.h"
 #include "platform/FaultyFileSystem.h"
+#include "platform/ForwardingFileSystem.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -27,6 +28,26 @@ struct Program {
     const ClipFolder& folder;
     ClipWriter writer;
     ClipInfo clip;
+};
+
+// Another program that writes the clip once, while its new contents lie beside it already.
+class WritesInBetween final : public ForwardingFileSystem {
+  public:
+    explicit WritesInBetween(std::function<void()> write) : _write(std::move(write)) { install(this); }
+    ~WritesInBetween() override { install(nullptr); }
+    WritesInBetween(const WritesInBetween&) = delete;
+    WritesInBetween& operator=(const WritesInBetween&) = delete;
+
+    Result<std::unique_ptr<OpenFile>> open(const QString& path, OpenMode mode) override {
+        auto file = ForwardingFileSystem::open(path, mode);
+        if (mode == OpenMode::createNew && _write) {
+            std::exchange(_write, {})();
+        }
+        return file;
+    }
+
+  private:
+    std::function<void()> _write;
 };
 
 }  // namespace
@@ -73,6 +94,18 @@ class SharedClipsTest : public QObject {
         theirs.write();
         QCOMPARE(theirs.clip.clipRating(), 3);
         QCOMPARE(theirs.onDisk().clipScene(), u"7"_s);
+    }
+
+    void whatIsWrittenImmediatelyBeforeIsMergedToo() {
+        Program mine(*_folder);
+        Program theirs(*_folder);
+        theirs.clip.setClipComment(u"theirs"_s);
+        const WritesInBetween others([&] { theirs.write(); });
+        mine.clip.setClipRating(3);
+        mine.write();
+        QCOMPARE(mine.onDisk().clipComment(), u"theirs"_s);
+        QCOMPARE(mine.onDisk().clipRating(), 3);
+        QVERIFY(!mine.writer.hasUnwritten());
     }
 
     void aFileThatIsAsItWasReadIsNotReadAgain() {

@@ -1,13 +1,13 @@
 // The system's files, with every write counted, and dying at the one that a test names. Header only.
 #pragma once
 
-#include "platform/FileSystem.h"
+#include "platform/ForwardingFileSystem.h"
 
 #include <functional>
 
 namespace marquill {
 
-class WatchedFileSystem final : public FileSystem {
+class WatchedFileSystem final : public ForwardingFileSystem {
   public:
     /// In use as long as it lives.
     WatchedFileSystem() { install(this); }
@@ -34,48 +34,30 @@ class WatchedFileSystem final : public FileSystem {
         }
         return attributes;
     }
-    Result<QString> linkTarget(const QString& link) override { return system().linkTarget(link); }
-    Result<QStringList> list(const QString& folder) override { return system().list(folder); }
-    Result<void> replace(const QString& from, const QString& to) override {
-        return system().replace(from, to);
-    }
-    Result<void> move(const QString& from, const QString& to) override { return system().move(from, to); }
-    Result<void> removeFile(const QString& path) override { return system().removeFile(path); }
-    Result<void> removeFolder(const QString& path) override { return system().removeFolder(path); }
-    Result<void> makeFolder(const QString& path) override { return system().makeFolder(path); }
-    Result<void> syncFolder(const QString& path) override { return system().syncFolder(path); }
 
   private:
-    class File final : public OpenFile {
+    class File final : public ForwardingFile {
       public:
         File(WatchedFileSystem& owner, std::unique_ptr<OpenFile> file)
-            : _owner(owner), _file(std::move(file)) {}
-        Result<FileAttributes> attributes() override { return _file->attributes(); }
-        Result<qint64> read(qint64 offset, std::span<char> buffer) override {
-            return _file->read(offset, buffer);
-        }
+            : ForwardingFile(std::move(file)), _owner(owner) {}
         Result<void> write(qint64 offset, QByteArrayView bytes) override {
             if (_owner.writes == _owner.dieAfter) {
                 const bool tear = std::exchange(_owner.tears, false);
                 const Result<void> half =
-                    tear ? _file->write(offset, bytes.first(bytes.size() / 2)) : Result<void>();
+                    tear ? ForwardingFile::write(offset, bytes.first(bytes.size() / 2)) : Result<void>();
                 return half ? failure(ErrorCode::inputOutput, u"died"_s) : half;
             }
             ++_owner.writes;
             _owner.bytes += bytes.size();
-            return _file->write(offset, bytes);
+            return ForwardingFile::write(offset, bytes);
         }
         Result<void> sync() override {
             ++_owner.syncs;
             return {};
         }
-        Result<void> setPermissions(quint32 permissions) override {
-            return _file->setPermissions(permissions);
-        }
 
       private:
         WatchedFileSystem& _owner;
-        std::unique_ptr<OpenFile> _file;
     };
 };
 

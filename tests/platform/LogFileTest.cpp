@@ -2,6 +2,7 @@
 #include "platform/FakeClock.h"
 #include "platform/FaultyFileSystem.h"
 #include "platform/Files.h"
+#include "platform/ForwardingFileSystem.h"
 #include "platform/Log.h"
 #include "platform/LogFile.h"
 #include "platform/LogLine.h"
@@ -41,7 +42,7 @@ class NotingHandler {
 };
 
 // A disk that does not answer until it is let go.
-class HangingFileSystem : public FileSystem {
+class HangingFileSystem : public ForwardingFileSystem {
   public:
     explicit HangingFileSystem(std::shared_future<void> go) : _go(std::move(go)) {}
     Result<std::unique_ptr<OpenFile>> open(const QString& path, OpenMode mode) override {
@@ -52,16 +53,6 @@ class HangingFileSystem : public FileSystem {
         _go.wait();
         return system().attributes(path, links);
     }
-    Result<QString> linkTarget(const QString& link) override { return system().linkTarget(link); }
-    Result<QStringList> list(const QString& folder) override { return system().list(folder); }
-    Result<void> replace(const QString& from, const QString& to) override {
-        return system().replace(from, to);
-    }
-    Result<void> move(const QString& from, const QString& to) override { return system().move(from, to); }
-    Result<void> removeFile(const QString& path) override { return system().removeFile(path); }
-    Result<void> removeFolder(const QString& path) override { return system().removeFolder(path); }
-    Result<void> makeFolder(const QString& path) override { return system().makeFolder(path); }
-    Result<void> syncFolder(const QString& path) override { return system().syncFolder(path); }
 
   private:
     std::shared_future<void> _go;

@@ -2,7 +2,7 @@
 // is under way for as long as a test needs it to be. Installed while it lives.
 #pragma once
 
-#include "platform/FileSystem.h"
+#include "platform/ForwardingFileSystem.h"
 
 #include <QCoreApplication>
 #include <QThread>
@@ -12,7 +12,7 @@
 
 namespace marquill {
 
-class SlowFileSystem final : public FileSystem {
+class SlowFileSystem final : public ForwardingFileSystem {
   public:
     SlowFileSystem() { install(this); }
     ~SlowFileSystem() override {
@@ -47,16 +47,6 @@ class SlowFileSystem final : public FileSystem {
         wait();
         return system().open(path, mode);
     }
-    Result<QString> linkTarget(const QString& link) override { return system().linkTarget(link); }
-    Result<QStringList> list(const QString& folder) override { return system().list(folder); }
-    Result<void> replace(const QString& from, const QString& to) override {
-        return system().replace(from, to);
-    }
-    Result<void> move(const QString& from, const QString& to) override { return system().move(from, to); }
-    Result<void> removeFile(const QString& path) override { return system().removeFile(path); }
-    Result<void> removeFolder(const QString& path) override { return system().removeFolder(path); }
-    Result<void> makeFolder(const QString& path) override { return system().makeFolder(path); }
-    Result<void> syncFolder(const QString& path) override { return system().syncFolder(path); }
 
   private:
     void wait() {
