@@ -38,12 +38,10 @@ class SoakTest : public QObject {
         }
     }
 
-    void noJournalIsLeft() {
-        QVERIFY(QDir(joinPath(_place, u"settings.plist.state/takes"_s)).isEmpty());
-    }
+    void noJournalIsLeft() { QVERIFY(QDir(joinPath(_place, u"settings.plist.state/takes"_s)).isEmpty()); }
 
-    // The first part makes what is kept for good. Of one that forgot nothing, the 3,200 markers after it would
-    // be ten times the five in a hundred.
+    // The first part makes what is kept for good. If each marker of the others stayed in memory, the heap
+    // would grow by ten in a hundred.
     void theHeapIsAsLargeAsAfterTheFirstTakes() {
         const qint64 before = _measured.front().heapBytes;
         const qint64 after = _measured.back().heapBytes;
