@@ -32,6 +32,9 @@ QString ClipTrash::trashFolder(const QString& folder) {
 bool ClipTrash::hasTrash(const QString& folder) {
     const Result<FileAttributes> attributes =
         FileSystem::current().attributes(trashFolder(folder), Links::keep);
+    if (!attributes && attributes.error().code != ErrorCode::notFound) {
+        qCWarning(logClipStore).noquote() << attributes.error().description();
+    }
     return attributes && attributes->type == FileType::folder;
 }
 

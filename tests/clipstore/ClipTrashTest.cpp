@@ -3,6 +3,7 @@
 #include "clipstore/ClipStore.h"
 #include "clipstore/ClipTrash.h"
 #include "platform/FaultyFileSystem.h"
+#include "platform/ForwardingFileSystem.h"
 
 #include <QDir>
 #include <QRegularExpression>
@@ -22,6 +23,22 @@ class TrashFolder : public ClipFolder {
     }
 };
 
+// A volume that does not tell what there is.
+class FailingVolume final : public ForwardingFileSystem {
+  public:
+    explicit FailingVolume(ErrorCode code) : _code(code) { install(this); }
+    ~FailingVolume() override { install(nullptr); }
+    FailingVolume(const FailingVolume&) = delete;
+    FailingVolume& operator=(const FailingVolume&) = delete;
+
+    Result<FileAttributes> attributes(const QString& path, Links /*links*/) override {
+        return failure(_code, u"a test made this fail"_s, path);
+    }
+
+  private:
+    ErrorCode _code;
+};
+
 }  // namespace
 
 class ClipTrashTest : public QObject {
@@ -39,6 +56,19 @@ class ClipTrashTest : public QObject {
         clips.sort();
         QCOMPARE(clips, (QStringList{folder.trashed(u".xml"_s), folder.trashed(u"a#01.xml"_s),
                                      folder.trashed(u"b#01.mov"_s), folder.trashed(u"tmp_c#01.mov"_s)}));
+    }
+
+    void aTrashThatCannotBeAskedForIsToldInTheLog() {
+        const TrashFolder folder;
+        folder.throwAway(u"a#01.xml"_s);
+        const FailingVolume volume(ErrorCode::inputOutput);
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"Trash.*a test made this fail"_s));
+        QCOMPARE(ClipTrash::getTrashClips({folder.path()}), QStringList());
+    }
+
+    void aFolderWithoutTrashIsNoNews() {
+        QTest::failOnWarning(QRegularExpression(u".*"_s));
+        QCOMPARE(ClipTrash::getTrashClips({ClipFolder().path(), u"/nowhere"_s}), QStringList());
     }
 
     void foldersComeInTheirOrderAndNamesInTheListings() {

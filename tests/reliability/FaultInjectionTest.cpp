@@ -122,7 +122,7 @@ class FaultInjectionTest : public QObject {
   private Q_SLOTS:
     void initTestCase() {
         registerRecorderWidgets();
-        for (const auto& stages : {clipTableStages(), takeStages(), documentStages()}) {
+        for (const auto& stages : {clipTableStages(), takeStages(), documentStages(), folderStages()}) {
             _stages.insert(_stages.end(), stages.begin(), stages.end());
         }
     }

@@ -52,5 +52,6 @@ struct NamedStage {
 std::vector<NamedStage> clipTableStages();
 std::vector<NamedStage> takeStages();
 std::vector<NamedStage> documentStages();
+std::vector<NamedStage> folderStages();
 
 }  // namespace marquill
