@@ -2906,6 +2906,10 @@ rating:&gt;=4 rating:none connected:no connected:offline</translation>
         <source>%1 clips without a date are not shown</source>
         <translation>%1 Clips ohne Datum werden nicht gezeigt</translation>
     </message>
+    <message>
+        <source>Scene %1</source>
+        <translation>Szene %1</translation>
+    </message>
 </context>
 <context>
     <name>marquill::DayTimelineView</name>

@@ -2906,6 +2906,10 @@ rating:&gt;=4 rating:none connected:no connected:offline</translation>
         <source>%1 clips without a date are not shown</source>
         <translation>%1 clips sans date ne sont pas affichés</translation>
     </message>
+    <message>
+        <source>Scene %1</source>
+        <translation>Séquence %1</translation>
+    </message>
 </context>
 <context>
     <name>marquill::DayTimelineView</name>

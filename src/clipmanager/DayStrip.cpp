@@ -356,6 +356,19 @@ QString DayStrip::tipOf(std::size_t take) const {
     QStringList lines = {
         tr("%1, take %2").arg(ClipStore::clipDisplayNameFromClip(clip), ClipStore::takeFromClip(clip)),
         tr("%1, duration %2").arg(timeText(shown.start), durationText(shown))};
+    QStringList entered;
+    if (const QString scene = clip.clipScene().value_or(QString()); !scene.isEmpty()) {
+        entered.append(tr("Scene %1").arg(scene));
+    }
+    if (shown.rating > 0) {
+        entered.append(QString(shown.rating, u'★'));
+    }
+    if (const QString label = clip.clipLabel().value_or(QString()); !label.isEmpty()) {
+        entered.append(label);
+    }
+    if (!entered.isEmpty()) {
+        lines.append(entered.join(u" · "_s));
+    }
     if (shown.markers.size() == 1) {
         lines.append(tr("1 marker"));
     } else if (!shown.markers.empty()) {

@@ -93,7 +93,7 @@ class DayTimelineView::Painting {
         const double top = ticksTop + tickHeight;
         const double bottom = _view.blocksTop() + _view.blocksHeight() + currentMark;
         for (const TimelineHour& hour : _view.dayLayout().hours()) {
-            const double x = onPixel(margin + hour.x);
+            const double x = onPixel(_view.lineLeft() + hour.x);
             _painter.fillRect(QRectF(x, top, 1, _view.height() - top), _colours.separator);
             const double width = metrics.horizontalAdvance(hour.label);
             if (x + Theme::halfGrid + width <= _view.width()) {
@@ -184,9 +184,10 @@ class DayTimelineView::Painting {
     void paintTicks(const TimelineTake& take) {
         const DayLayout& day = _view.dayLayout();
         for (const double seconds : take.markers) {
-            const double place = margin + day.xOf(dateByAdding(take.start, seconds));
-            const auto pixel = static_cast<std::size_t>(std::max(std::round(place * _scale), 0.0));
-            if (pixel < _ticked.size() && !_ticked[pixel]) {
+            const double place = _view.lineLeft() + day.xOf(dateByAdding(take.start, seconds));
+            const double pixels = std::round(place * _scale);
+            const auto pixel = static_cast<std::size_t>(std::max(pixels, 0.0));
+            if (pixels >= 0 && pixel < _ticked.size() && !_ticked[pixel]) {
                 _ticked[pixel] = true;
                 _painter.fillRect(QRectF(onPixel(place), ticksTop, 1, tickHeight), _colours.mutedText);
             }
@@ -216,12 +217,19 @@ void DayTimelineView::setDay(const DayTimeline* timeline, std::size_t day) {
     _hovered.reset();
     _looks.clear();
     _current.reset();
+    const bool isThere = timeline && day < timeline->days().size();
+    if (const QDate date = isThere ? timeline->days()[day].date : QDate(); date != _date) {
+        _date = date;
+        _zoom = {};
+    }
     forgetLayout();
 }
 
 void DayTimelineView::setLooks(std::vector<Look> looks, std::optional<std::size_t> current) {
     _looks = std::move(looks);
-    _current = current;
+    if (std::exchange(_current, current) != current) {
+        showCurrent();
+    }
     update();
 }
 
@@ -247,7 +255,7 @@ void DayTimelineView::setSpokenValue(int place, int count, const QString& text) 
 const DayLayout& DayTimelineView::dayLayout() {
     if (!_layout && _timeline && _day < _timeline->days().size()) {
         const std::optional<Date> until = _inProgress ? std::optional(_inProgress->end()) : std::nullopt;
-        _layout = _timeline->layOut(_day, width() - 2 * margin, labelWidth(), until);
+        _layout = _timeline->layOut(_day, lineWidth() * _zoom.factor(), labelWidth(), until);
     }
     static const DayLayout none;
     return _layout ? *_layout : none;
@@ -271,6 +279,27 @@ double DayTimelineView::labelWidth() const {
     return QFontMetricsF(Theme::timeFont(labelPointSize(*this))).horizontalAdvance(u"00:00"_s) + distance;
 }
 
+// What of the line is seen at a time.
+double DayTimelineView::lineWidth() const {
+    return width() - 2 * margin;
+}
+
+double DayTimelineView::lineLeft() const {
+    return margin - _zoom.offset();
+}
+
+void DayTimelineView::zoomAt(double times, double x) {
+    _zoom.zoom(times, x - margin, lineWidth());
+    forgetLayout();
+}
+
+void DayTimelineView::showCurrent() {
+    if (_zoom.factor() > 1 && _current && isOfDay(*_current)) {
+        const QRectF block = blockRect(*_current).translated(-lineLeft(), 0);
+        _zoom.show(block.left(), block.right(), lineWidth());
+    }
+}
+
 QSize DayTimelineView::sizeHint() const {
     const double label = QFontMetricsF(Theme::timeFont(labelPointSize(*this))).height();
     return {480, static_cast<int>(std::ceil(blocksTop() + blocksHeight() + currentMark + label + 3))};
@@ -286,7 +315,7 @@ QRectF DayTimelineView::rectOf(const TimelineBlock& block, const TimelineTake& t
     const double share = isWhole ? 1 : leastShare + (1 - leastShare) * take.rating / mostStars;
     const double height = std::round((lane - gap) * share);
     const double bottom = blocksTop() + std::round(lane * (block.lane + 1));
-    return {margin + block.left, bottom - height, block.width, height};
+    return {lineLeft() + block.left, bottom - height, block.width, height};
 }
 
 DayTimelineView::Look DayTimelineView::lookOf(std::size_t take) const {
@@ -314,21 +343,21 @@ QRectF DayTimelineView::progressRect() {
     }
     const double left = day.xOf(_inProgress->start);
     const double width = std::max(day.xOf(_inProgress->end()) - left, DayLayout::leastWidth);
-    return {margin + left, blocksTop(), width, blocksHeight()};
+    return {lineLeft() + left, blocksTop(), width, blocksHeight()};
 }
 
 std::vector<double> DayTimelineView::tickPlaces(const TimelineTake& take) {
     std::vector<double> places;
     places.reserve(take.markers.size());
     for (const double seconds : take.markers) {
-        places.push_back(margin + dayLayout().xOf(dateByAdding(take.start, seconds)));
+        places.push_back(lineLeft() + dayLayout().xOf(dateByAdding(take.start, seconds)));
     }
     return places;
 }
 
 std::optional<std::size_t> DayTimelineView::blockAt(const QPointF& point) {
     const double y = (point.y() - blocksTop()) / blocksHeight();
-    const std::optional<std::size_t> found = dayLayout().blockAt(point.x() - margin, y, reach);
+    const std::optional<std::size_t> found = dayLayout().blockAt(point.x() - lineLeft(), y, reach);
     return found ? std::optional(dayLayout().blocks()[*found].take) : std::nullopt;
 }
 
@@ -369,6 +398,7 @@ void DayTimelineView::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void DayTimelineView::resizeEvent(QResizeEvent* /*event*/) {
+    _zoom.scroll(0, lineWidth());
     forgetLayout();
 }
 
@@ -395,6 +425,24 @@ void DayTimelineView::leaveEvent(QEvent* /*event*/) {
     setHovered(std::nullopt);
 }
 
+// As in time lines elsewhere: what the pointer is on stays under it. All of a day has nothing to scroll.
+void DayTimelineView::wheelEvent(QWheelEvent* event) {
+    constexpr double timesPerNotch = 1.25;
+    constexpr double notch = 120;  // eighths of a degree
+    const QPointF turned = event->angleDelta();
+    if (event->modifiers().testFlag(Qt::ControlModifier)) {
+        zoomAt(std::pow(timesPerNotch, turned.y() / notch), event->position().x());
+    } else if (_zoom.factor() > 1) {
+        _zoom.scroll(-(turned.x() + turned.y()), lineWidth());
+        update();
+    } else {
+        event->ignore();
+        return;
+    }
+    setHovered(takeAt(event->position()));
+    event->accept();
+}
+
 void DayTimelineView::setHovered(std::optional<std::size_t> take) {
     if (take != _hovered) {
         _hovered = take;
@@ -403,11 +451,15 @@ void DayTimelineView::setHovered(std::optional<std::size_t> take) {
 }
 
 void DayTimelineView::keyPressEvent(QKeyEvent* event) {
+    constexpr double timesPerKey = 2;
     const bool isPlain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    const double middle = _current && isOfDay(*_current) ? blockRect(*_current).center().x() : width() / 2.0;
     if (isPlain && (event->key() == Qt::Key_Left || event->key() == Qt::Key_Right)) {
         Q_EMIT stepWanted(event->key() == Qt::Key_Left ? -1 : 1);
     } else if (isPlain && (event->key() == Qt::Key_Home || event->key() == Qt::Key_End)) {
         Q_EMIT edgeWanted(event->key() == Qt::Key_End);
+    } else if (event->text() == u"+"_s || event->text() == u"-"_s) {
+        zoomAt(event->text() == u"+"_s ? timesPerKey : 1 / timesPerKey, middle);
     } else {
         event->ignore();
         Q_EMIT otherKeyPressed(*event);

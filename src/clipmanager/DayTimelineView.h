@@ -3,6 +3,7 @@
 #pragma once
 
 #include "clipmanager/DayTimeline.h"
+#include "clipmanager/TimelineZoom.h"
 
 #include <QWidget>
 
@@ -22,7 +23,7 @@ class DayTimelineView : public QWidget {
     /// What the tip over a take says, by its index in the time line.
     std::function<QString(std::size_t take)> tipOfTake;
 
-    /// Shows a day of the time line, which must outlive it; with null, none.
+    /// Shows a day of the time line, which must outlive it; with null, none. Another date is shown whole.
     void setDay(const DayTimeline* timeline, std::size_t day);
     /// The looks of all takes of the time line, and which of them is the current one.
     void setLooks(std::vector<Look> looks, std::optional<std::size_t> current);
@@ -33,6 +34,8 @@ class DayTimelineView : public QWidget {
     void setSpokenValue(int place, int count, const QString& text);
 
     const DayLayout& dayLayout();
+    /// What Control and the wheel do, and the keys + and -; the wheel alone scrolls what does not fit.
+    const TimelineZoom& zoom() const { return _zoom; }
     /// Where the block of a take is drawn, in the widget's logical pixels; empty for one of another day.
     QRectF blockRect(std::size_t take);
     /// The same for the take in progress; empty while there is none, or when it is of another day.
@@ -65,6 +68,7 @@ class DayTimelineView : public QWidget {
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void changeEvent(QEvent* event) override;
 
@@ -74,6 +78,10 @@ class DayTimelineView : public QWidget {
     double blocksTop() const;
     double blocksHeight() const;
     double labelWidth() const;
+    double lineWidth() const;
+    double lineLeft() const;
+    void zoomAt(double times, double x);
+    void showCurrent();
     QRectF rectOf(const TimelineBlock& block, const TimelineTake& take) const;
     Look lookOf(std::size_t take) const;
     bool isOfDay(std::size_t take) const;
@@ -83,6 +91,8 @@ class DayTimelineView : public QWidget {
 
     const DayTimeline* _timeline = nullptr;
     std::size_t _day = 0;
+    QDate _date;
+    TimelineZoom _zoom;
     std::optional<DayLayout> _layout;  // none until it is asked for
     std::vector<Look> _looks;
     std::optional<std::size_t> _current;

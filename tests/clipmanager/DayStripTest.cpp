@@ -62,6 +62,14 @@ class DayStripTest : public QObject {
         QTest::mouseClick(&view(), Qt::LeftButton, modifiers, view().blockRect(take).center().toPoint());
     }
 
+    // Whether the strip took it.
+    bool turnWheel(const QPointF& point, int angle, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QWheelEvent turn(point, view().mapToGlobal(point), {}, {0, angle}, Qt::NoButton, modifiers,
+                         Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&view(), &turn);
+        return turn.isAccepted();
+    }
+
     void press(Qt::Key key) { QTest::keyClick(&view(), key); }
 
     QString text(const char* button) const {
@@ -407,6 +415,82 @@ class DayStripTest : public QObject {
     }
 
     // What is told
+
+    void theTipTellsWhatWasEntered() {
+        std::vector<ClipInfo> clips = oneDay();
+        clips[1].setClipScene(u"12A"_s);
+        clips[1].setClipRating(3);
+        clips[1].setClipLabel(u"Print"_s);
+        clips[2].setClipLabel(u"Hold"_s);
+        show(clips);
+        QCOMPARE(view().tipOfTake(0),
+                 u"a, take 01\n10:00:00, duration 00:10:00\nScene 12A · ★★★ · Print\n"
+                 u"2 markers"_s);
+        QCOMPARE(view().tipOfTake(1), u"b, take 02\n10:30:00, duration 00:10:00\nHold\n1 marker"_s);
+    }
+
+    // A part of the day
+
+    void controlAndTheWheelZoomWhatIsPointedAt() {
+        show(oneDay());
+        const QPointF point = view().blockRect(1).center();
+        turnWheel(point, 480, Qt::ControlModifier);
+        QVERIFY(view().zoom().factor() > 2);
+        QCOMPARE(view().takeAt(point), std::optional<std::size_t>(1));
+        QVERIFY(view().blockRect(2).left() - view().blockRect(0).right() > view().width());
+        turnWheel(point, -4800, Qt::ControlModifier);
+        QCOMPARE(view().zoom().factor(), 1.0);
+        QCOMPARE(view().blockRect(1).center(), point);
+    }
+
+    void theWheelScrollsWhatDoesNotFit() {
+        show(oneDay());
+        QVERIFY(!turnWheel(view().blockRect(1).center(), -120));
+        turnWheel(view().blockRect(1).center(), 480, Qt::ControlModifier);
+        const double left = view().blockRect(1).left();
+        QVERIFY(turnWheel(view().blockRect(1).center(), -120));
+        QCOMPARE(view().blockRect(1).left(), left - 120);
+        turnWheel(view().blockRect(1).center(), 1'000'000);
+        QCOMPARE(view().zoom().offset(), 0.0);
+    }
+
+    void plusAndMinusZoomAroundTheSelectedTake() {
+        show(oneDay());
+        click(1);
+        const double middle = view().blockRect(1).center().x();
+        QTest::keyClicks(&view(), u"++"_s);
+        QCOMPARE(view().zoom().factor(), 4.0);
+        QVERIFY(std::abs(view().blockRect(1).center().x() - middle) < 2);
+        QTest::keyClicks(&view(), u"--"_s);
+        QCOMPARE(view().zoom().factor(), 1.0);
+    }
+
+    void theSelectedTakeIsBroughtIntoView() {
+        show(oneDay());
+        click(0);
+        QTest::keyClicks(&view(), u"++"_s);
+        QVERIFY(!QRectF(view().rect()).intersects(view().blockRect(2)));
+        press(Qt::Key_End);
+        QVERIFY(QRectF(view().rect()).contains(view().blockRect(2).center()));
+        click(2);
+        QCOMPARE(_clips->selected(), QStringList{u"c#03.xml"_s});
+    }
+
+    void anotherDayIsShownWhole() {
+        show({clip(u"a#01.xml"_s, 10 * hour, 600), clip(u"b#01.xml"_s, day + 10 * hour, 600)});
+        QTest::keyClicks(&view(), u"+"_s);
+        QCOMPARE(view().zoom().factor(), 2.0);
+        press("Previous day");
+        QCOMPARE(view().zoom().factor(), 1.0);
+    }
+
+    void whatIsEditedLeavesTheZoomAsItIs() {
+        show(oneDay());
+        QTest::keyClicks(&view(), u"+"_s);
+        _clips->controller->setObjectValue(5, ClipTableModel::rating, 0);
+        QTRY_COMPARE(_strip->timeline().takes()[2].rating, 5);
+        QCOMPARE(view().zoom().factor(), 2.0);
+    }
 
     void theTipTellsOfTheTake() {
         show(oneDay());
