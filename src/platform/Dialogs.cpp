@@ -4,6 +4,7 @@
 
 #include <QAbstractItemView>
 #include <QCoreApplication>
+#include <QDir>
 #include <QFileDialog>
 #include <QListView>
 #include <QMessageBox>
@@ -30,6 +31,18 @@ std::optional<QString> oneChosen(QFileDialog& chooser) {
     return chooser.selectedFiles().constFirst();
 }
 
+/// Begins where the choice says, or where the last one was left; the first one at home, and not in whatever
+/// folder the program was started.
+class Chooser : public QFileDialog {
+  public:
+    Chooser(QWidget* window, const FileChoice& choice)
+        : QFileDialog(window, choice.title, choice.startFolder) {
+        if (choice.startFolder.isEmpty() && directory() == QDir::current()) {
+            setDirectory(QDir::home());
+        }
+    }
+};
+
 class ToolkitDialogs : public Dialogs {
   public:
     int alert(QWidget* window, const Alert& alert) override {
@@ -50,7 +63,7 @@ class ToolkitDialogs : public Dialogs {
     }
 
     QStringList chooseFolders(QWidget* window, const FileChoice& choice) override {
-        QFileDialog chooser(window, choice.title, choice.startFolder);
+        Chooser chooser(window, choice);
         chooser.setFileMode(QFileDialog::Directory);
         chooser.setOption(QFileDialog::ShowDirsOnly);
         // Desktops' own choosers take one folder only.
@@ -65,21 +78,21 @@ class ToolkitDialogs : public Dialogs {
     }
 
     std::optional<QString> chooseFolder(QWidget* window, const FileChoice& choice) override {
-        QFileDialog chooser(window, choice.title, choice.startFolder);
+        Chooser chooser(window, choice);
         chooser.setFileMode(QFileDialog::Directory);
         chooser.setOption(QFileDialog::ShowDirsOnly);
         return oneChosen(chooser);
     }
 
     std::optional<QString> chooseFile(QWidget* window, const FileChoice& choice) override {
-        QFileDialog chooser(window, choice.title, choice.startFolder);
+        Chooser chooser(window, choice);
         chooser.setFileMode(QFileDialog::ExistingFile);
         chooser.setNameFilters(nameFilters(choice.suffixes));
         return oneChosen(chooser);
     }
 
     QStringList chooseFiles(QWidget* window, const FileChoice& choice) override {
-        QFileDialog chooser(window, choice.title, choice.startFolder);
+        Chooser chooser(window, choice);
         chooser.setFileMode(QFileDialog::ExistingFiles);
         chooser.setNameFilters(nameFilters(choice.suffixes));
         chooser.setWindowModality(Qt::WindowModal);
@@ -87,7 +100,7 @@ class ToolkitDialogs : public Dialogs {
     }
 
     std::optional<QString> chooseFileToSave(QWidget* window, const FileChoice& choice) override {
-        QFileDialog chooser(window, choice.title, choice.startFolder);
+        Chooser chooser(window, choice);
         chooser.setAcceptMode(QFileDialog::AcceptSave);
         chooser.setFileMode(QFileDialog::AnyFile);
         chooser.setNameFilters(nameFilters(choice.suffixes));

@@ -23,7 +23,7 @@ struct Alert {
 
 struct FileChoice {
     QString title;
-    QString startFolder;    ///< or empty: where the desktop starts
+    QString startFolder;    ///< or empty: where the last chooser was left, or at home
     QStringList suffixes;   ///< without the dot; empty: any file
     QString fileName = {};  ///< the name proposed when saving
     QString prompt = {};    ///< on the button that accepts; empty: the toolkit's word

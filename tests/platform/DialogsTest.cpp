@@ -119,6 +119,23 @@ class DialogsTest : public QObject {
         QCOMPARE(Dialogs::current().chooseFolders(nullptr, choice), QStringList{place.filePath(u"a"_s)});
     }
 
+    void aChooserBeginsAtHomeRatherThanWhereTheProgramWasStarted() {
+        const QTemporaryDir place;
+        const QString before = QDir::currentPath();
+        QVERIFY(QDir::setCurrent(place.path()));
+        QStringList starts;
+        for (const QString& start : {place.path(), QString()}) {
+            whenOpen<QFileDialog>([&](QFileDialog& chooser) {
+                starts.append(chooser.directory().path());
+                chooser.reject();
+            });
+            Dialogs::current().chooseFolder(nullptr,
+                                            {.title = u"Add"_s, .startFolder = start, .suffixes = {}});
+        }
+        QDir::setCurrent(before);
+        QCOMPARE(starts, (QStringList{place.path(), QDir::homePath()}));
+    }
+
     void oneFolderIsChosenUnderItsTitle() {
         const QTemporaryDir place;
         QVERIFY(QDir(place.path()).mkdir(u"card"_s));
