@@ -28,6 +28,7 @@
 #include <QToolButton>
 
 #include <cmath>
+#include <utility>
 
 namespace marquill {
 
@@ -60,6 +61,42 @@ void restoreText(QLineEdit& field, const std::optional<QString>& saved) {
     }
 }
 
+// A click into a field that did not have the keys takes all of its text, as Tab does: a take's name is
+// replaced more often than it is mended. The next click sets the cursor.
+class WholeTextByClick : public QObject {
+  public:
+    explicit WholeTextByClick(QLineEdit* field) : QObject(field), _field(*field) {
+        field->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject*, QEvent* event) override {
+        switch (event->type()) {
+            case QEvent::FocusIn:
+                _isEntered = true;
+                break;
+            case QEvent::MouseButtonRelease:
+                selectIfEntered();
+                break;
+            case QEvent::KeyPress:
+                _isEntered = false;
+                break;
+            default:
+                break;
+        }
+        return false;
+    }
+
+  private:
+    void selectIfEntered() {
+        if (std::exchange(_isEntered, false) && !_field.hasSelectedText()) {
+            _field.selectAll();
+        }
+    }
+
+    QLineEdit& _field;
+    bool _isEntered = false;
+};
+
 }  // namespace
 
 bool OfflineRecorder::loadPanel() {
@@ -90,6 +127,8 @@ void OfflineRecorder::wirePanel() {
     _panel->windowShouldClose = [this] { return windowShouldClose(); };
     _defaultClipName->setValidator(new ClipNameValidator(_defaultClipName));
     _defaultSceneName->setValidator(new RecordTextValidator(_defaultSceneName));
+    new WholeTextByClick(_defaultClipName);
+    new WholeTextByClick(_defaultSceneName);
     connect(_recordButton, &QToolButton::clicked, this, &OfflineRecorder::startStopButtonPressed);
     connect(_defaultClipName, &QLineEdit::returnPressed, this, &OfflineRecorder::clipNameEntered);
     connect(_defaultClipName, &QLineEdit::editingFinished, this, &OfflineRecorder::updateTakeNoUI);

@@ -370,6 +370,31 @@ class OfflineRecorderTest : public QObject {
         QVERIFY(!OfflineRecorder::window()->isVisible());
     }
 
+    void aClickIntoANameTakesAllOfItAndTheNextSetsTheCursor() {
+        auto* name = field<QLineEdit>(u"_defaultClipName"_s);
+        name->setText(u"Clip"_s);
+        OfflineRecorder::window()->makeKeyAndOrderFront();
+        QVERIFY(QTest::qWaitForWindowActive(OfflineRecorder::window()));
+        const QPoint behindTheText(name->width() - 5, name->height() / 2);
+        QTest::mouseClick(name, Qt::LeftButton, {}, behindTheText);
+        QCOMPARE(name->selectedText(), u"Clip"_s);
+        QTest::mouseClick(name, Qt::LeftButton, {}, behindTheText);
+        QCOMPARE(name->selectedText(), QString());
+        QTest::keyClicks(name, u"s"_s);
+        QCOMPARE(name->text(), u"Clips"_s);
+    }
+
+    void aClickIntoTheFieldThatIsTypedIntoSetsTheCursor() {
+        auto* scene = field<QLineEdit>(u"_defaultSceneName"_s);
+        scene->setText(u"12"_s);
+        OfflineRecorder::window()->makeKeyAndOrderFront();
+        QVERIFY(QTest::qWaitForWindowActive(OfflineRecorder::window()));
+        scene->setFocus();
+        QTest::keyClick(scene, Qt::Key_A);
+        QTest::mouseClick(scene, Qt::LeftButton, {}, QPoint(scene->width() - 5, scene->height() / 2));
+        QCOMPARE(scene->selectedText(), QString());
+    }
+
     void enteringANameGivesTheKeysBackToThePanel() {
         const DelayedCalls::HeldTime held;
         auto* name = field<QLineEdit>(u"_defaultClipName"_s);
