@@ -1033,6 +1033,14 @@ Geändert: %3
         <source>%1: no such file or folder, nor a command</source>
         <translation>%1: keine Datei, kein Ordner und kein Befehl</translation>
     </message>
+    <message>
+        <source>No desktop to show windows on</source>
+        <translation>Kein Desktop, auf dem sich Fenster zeigen lassen</translation>
+    </message>
+    <message>
+        <source>start Marquill in a desktop session, or use its commands; --help lists them</source>
+        <translation>Marquill in einer Desktop-Sitzung starten oder seine Befehle verwenden; --help nennt sie</translation>
+    </message>
 </context>
 <context>
     <name>PanaP2</name>

@@ -1033,6 +1033,14 @@ Modifié&#xa0;: %3
         <source>%1: no such file or folder, nor a command</source>
         <translation>%1&#xa0;: ni fichier, ni dossier, ni commande</translation>
     </message>
+    <message>
+        <source>No desktop to show windows on</source>
+        <translation>Aucun bureau où afficher des fenêtres</translation>
+    </message>
+    <message>
+        <source>start Marquill in a desktop session, or use its commands; --help lists them</source>
+        <translation>lancez Marquill dans une session de bureau, ou servez-vous de ses commandes ; --help les énumère</translation>
+    </message>
 </context>
 <context>
     <name>PanaP2</name>

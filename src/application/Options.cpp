@@ -2,6 +2,7 @@
 
 #include "commandline/Command.h"
 #include "commandline/CommandLine.h"
+#include "platform/Dialogs.h"
 #include "platform/Files.h"
 #include "platform/Translations.h"
 
@@ -10,6 +11,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <map>
 #include <string>
 #include <string_view>
@@ -130,6 +132,16 @@ void addOptions(CLI::App& parser, Read& read) {
         ->type_name("");
 }
 
+// Whether windows can be shown at all. Without this the toolkit would abort, and advise to install anew.
+bool hasDesktop() {
+#if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
+    const auto names = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
+    return std::ranges::any_of(names, [](const char* name) { return !qEnvironmentVariableIsEmpty(name); });
+#else
+    return true;
+#endif
+}
+
 }  // namespace
 
 OptionsResult parseOptions(int& argc, char** argv) {
@@ -156,6 +168,12 @@ OptionsResult parseOptions(int& argc, char** argv) {
     read.options.paths = fullPaths(read.paths);
     if (const std::optional<int> status = commands.run(read.options.settingsFile)) {
         return {{}, status};
+    }
+    if (!hasDesktop()) {
+        complain(Alert{.title = OptionTexts::tr("No desktop to show windows on"),
+                       .text = OptionTexts::tr(
+                           "start Marquill in a desktop session, or use its commands; --help lists them")});
+        return {{}, static_cast<int>(ExitStatus::failed)};
     }
     return {read.options, std::nullopt};
 }

@@ -20,8 +20,8 @@ struct Options {
 
 struct OptionsResult {
     Options options;
-    /// Set when the program is to end without a window: a subcommand has run, help was asked for (0), or the
-    /// use was wrong (2).
+    /// Set when the program is to end without a window: a subcommand has run, help was asked for (0), there
+    /// is no desktop to show one on (1), or the use was wrong (2).
     std::optional<int> exitStatus = {};
 };
 

@@ -173,6 +173,17 @@ class CommandLineTest : public QObject {
         QCOMPARE(list.status, 0);
     }
 
+    void withoutADesktopTheProgramSaysSo() {
+        QProcessEnvironment environment = shellEnvironment();
+        environment.remove(u"WAYLAND_DISPLAY"_s);
+        const Outcome start = run({}, {}, {}, environment);
+        QCOMPARE(
+            start.errors,
+            QByteArray("marquill: No desktop to show windows on: start Marquill in a desktop session, or "
+                       "use its commands; --help lists them\n"));
+        QCOMPARE(start.status, 1);
+    }
+
     void helpAndVersionEndWithZero() {
         const Outcome help = run({u"--help"_s});
         QCOMPARE(help.status, 0);
