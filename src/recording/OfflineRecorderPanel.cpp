@@ -71,8 +71,12 @@ class WholeTextByClick : public QObject {
 
     bool eventFilter(QObject*, QEvent* event) override {
         switch (event->type()) {
+            case QEvent::MouseButtonPress:
+                _isEntered = _isEntered || !_field.hasFocus();
+                break;
             case QEvent::FocusIn:
-                _isEntered = true;
+                // Behind the click when the panel had to wake first.
+                _isEntered = !_field.hasSelectedText();
                 break;
             case QEvent::MouseButtonRelease:
                 selectIfEntered();

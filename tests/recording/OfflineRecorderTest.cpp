@@ -384,6 +384,22 @@ class OfflineRecorderTest : public QObject {
         QCOMPARE(name->text(), u"Clips"_s);
     }
 
+    void aClickIntoANameOfAPanelThatIsNotActiveTakesAllOfIt() {
+        auto* name = field<QLineEdit>(u"_defaultClipName"_s);
+        name->setText(u"Clip"_s);
+        OfflineRecorder::window()->makeKeyAndOrderFront();
+        QVERIFY(QTest::qWaitForWindowActive(OfflineRecorder::window()));
+        QCoreApplication::processEvents();
+        QWidget other;
+        other.show();
+        other.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&other));
+        QTest::mouseClick(name, Qt::LeftButton, {}, QPoint(name->width() - 5, name->height() / 2));
+        OfflineRecorder::window()->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(OfflineRecorder::window()));
+        QCOMPARE(name->selectedText(), u"Clip"_s);
+    }
+
     void aClickIntoTheFieldThatIsTypedIntoSetsTheCursor() {
         auto* scene = field<QLineEdit>(u"_defaultSceneName"_s);
         scene->setText(u"12"_s);
