@@ -2990,7 +2990,7 @@ rating:&gt;=4 rating:none connected:no connected:offline</translation>
     </message>
     <message>
         <source>Play backward, stop, play; again for faster</source>
-        <translation>Rückwärts abspielen, stoppen, abspielen; noch einmal für schneller</translation>
+        <translation>Rückwärts, Stopp, Wiedergabe; nochmals für schneller</translation>
     </message>
     <message>
         <source>To the start, to the end</source>
