@@ -39,16 +39,19 @@ void arrangeAtFirstStart(QWidget& main, const std::vector<QWidget*>& panels) {
     }
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
     const int panelWidth = widthOfWidest(panels);
-    const QSize room(screen.width() - panelWidth - 3 * margin, screen.height() - titleBar - margin);
+    // A narrow screen has no width to give away around the windows.
+    const int spare = screen.width() - panelWidth - main.minimumSizeHint().width();
+    const int gap = qBound(0, spare / 3, margin);
+    const QSize room(screen.width() - panelWidth - 3 * gap, screen.height() - titleBar - margin);
     main.resize(mainSize.boundedTo(room).expandedTo(main.minimumSizeHint()));
-    main.move(screen.x() + margin, screen.y() + titleBar);
-    const int beside = main.x() + main.width() + margin;
+    main.move(screen.x() + gap, screen.y() + titleBar);
+    const int beside = main.x() + main.width() + gap;
     int top = main.y();
     for (QWidget* panel : panels) {
         if (panel) {
             // On a screen too narrow for both, the panels, which float above, cover the main window's edge,
             // each as little of it as it can.
-            const int rightmost = screen.x() + screen.width() - panel->width() - margin;
+            const int rightmost = screen.x() + screen.width() - panel->width() - gap;
             panel->move(qMin(beside, rightmost), top);
             top += panel->height() + titleBar + margin;
         }

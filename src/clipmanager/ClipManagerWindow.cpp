@@ -108,9 +108,9 @@ void ClipManager::setUpSplitViews() {
     _clipSplitView->setStretchFactor(1, 0);
     _clipSplitView->setSizes({_window->height() - detailHeight, detailHeight});
     // The five columns of the markers need most, the fields of the clip least.
-    constexpr int previewShare = 3;
-    constexpr int fieldShare = 2;
-    constexpr int markerShare = 4;
+    constexpr int previewShare = 6;
+    constexpr int fieldShare = 4;
+    constexpr int markerShare = 9;
     _detailSplitView->setStretchFactor(0, previewShare);
     _detailSplitView->setStretchFactor(1, fieldShare);
     _detailSplitView->setStretchFactor(2, markerShare);

@@ -51,8 +51,8 @@ std::vector<TableColumn> tableColumns() {
     return {column(ClipMarkerModel::markerIndex, u"888"_s),
             column(ClipMarkerModel::markerName, u"Focus soft"_s),
             column(ClipMarkerModel::markerStart, u"88:88:88"_s),
-            column(ClipMarkerModel::markerDuration, u"88:88:888"_s),
-            column(ClipMarkerModel::markerComment, u"88"_s)};
+            column(ClipMarkerModel::markerDuration, u"88:88:88"_s),
+            column(ClipMarkerModel::markerComment, u"8"_s)};
 }
 
 // Truncated toward zero. The start of a frame, which a marker mostly is, has been divided by the time scale

@@ -2,6 +2,7 @@
 
 #include "platform/Log.h"
 #include "platform/PropertyList.h"
+#include "platform/TableHeader.h"
 #include "platform/Theme.h"
 #include "platform/UserDefaults.h"
 
@@ -72,14 +73,12 @@ QString TableColumns::identifierOf(int column) const {
 }
 
 void TableColumns::arrange() {
-    constexpr int padding = 2 * Theme::grid;
     _header.setHighlightSections(false);
     _header.setSectionsMovable(true);
     _header.setFirstSectionMovable(true);
     _header.setSectionsClickable(true);
     _header.setMinimumSectionSize(narrowest);
     _header.setStretchLastSection(true);
-    _header.setTextElideMode(Qt::ElideRight);
     _header.setSortIndicatorShown(true);
     // A third click on a title ends the sorting.
     _header.setSortIndicatorClearable(true);
@@ -93,7 +92,7 @@ void TableColumns::arrange() {
             isLast ? QString() : _header.model()->headerData(first.column, Qt::Horizontal).toString();
         const int width = std::max(_header.fontMetrics().horizontalAdvance(first.sample),
                                    _header.fontMetrics().horizontalAdvance(title));
-        _header.resizeSection(first.column, width + padding);
+        _header.resizeSection(first.column, width + TableHeader::padding);
     }
 }
 

@@ -1,5 +1,7 @@
 #include "platform/TableView.h"
 
+#include "platform/TableHeader.h"
+
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMenu>
@@ -10,6 +12,7 @@ namespace marquill {
 TableView::TableView(QWidget* parent) : QTableView(parent) {
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setTabKeyNavigation(false);
+    setHorizontalHeader(new TableHeader(Qt::Horizontal, this));
 }
 
 // Tab is offered here: the toolkit would move the focus before it let anyone see the key.

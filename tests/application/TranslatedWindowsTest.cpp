@@ -1,5 +1,6 @@
 // The windows in German: that every kind of text passes through translation, and that nothing is cut off.
 #include "application/Application.h"
+#include "application/KeyboardShortcuts.h"
 #include "clipmanager/ClipManager.h"
 #include "connect/ClipTableController.h"
 #include "folders/Preferences.h"
@@ -45,6 +46,9 @@ Widget& find(QWidget& window, const QString& name) {
 // How many pixels a text lacks in its widget; buttons of a fixed size may be narrower than their style would
 // like.
 int missingWidth(const QWidget& widget) {
+    if (qobject_cast<const QPushButton*>(&widget) && widget.maximumWidth() == QWIDGETSIZE_MAX) {
+        return widget.minimumSizeHint().width() - widget.width();
+    }
     if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
         return button->fontMetrics().horizontalAdvance(button->text().remove(u'&')) - button->width();
     }
@@ -146,6 +150,8 @@ class TranslatedWindowsTest : public QObject {
 
     void noLabelOrButtonIsCutOff() {
         QStringList cut;
+        mainWindow().resize(mainWindow().minimumSizeHint());
+        QTRY_COMPARE(mainWindow().size(), mainWindow().minimumSizeHint());
         const std::array<QWidget*, 3> windows{&mainWindow(), OfflineRecorder::window(), MarkerSets::window()};
         for (QWidget* window : windows) {
             window->ensurePolished();
@@ -156,6 +162,14 @@ class TranslatedWindowsTest : public QObject {
             }
         }
         QVERIFY2(cut.isEmpty(), qPrintable(cut.join(u'\n')));
+    }
+
+    void theShortcutsFitOnASmallScreen() {
+        const QSize smallScreen(1280, 720);
+        const KeyboardShortcuts panel(application().actions());
+        const QSize needed = panel.sizeHint();
+        QVERIFY2(needed.width() <= smallScreen.width() && needed.height() <= smallScreen.height(),
+                 qPrintable(u"%1 × %2"_s.arg(needed.width()).arg(needed.height())));
     }
 };
 
