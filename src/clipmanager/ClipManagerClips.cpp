@@ -264,6 +264,9 @@ std::optional<bool> ClipManager::isEnabled(const QString& command) const {
     if (ofFolder.contains(command)) {
         return shownFolder().has_value();
     }
+    if (command == "removeFolder"_L1) {
+        return _removeFolderItem->isEnabled();
+    }
     if (command == "clipIn"_L1 || command == "clipOut"_L1) {
         return currentClip() && isProxyClip(*currentClip());
     }

@@ -386,11 +386,20 @@ class ClipManagerTest : public QObject {
     void removeFolderNeedsASelection() {
         const auto manager = ClipManager::initWithSettings(settings());
         const auto* remove = manager->window()->findChild<QAction*>(u"RemoveFolder"_s);
+        const auto menuItemIsEnabled = [&manager] {
+            QAction item;
+            item.setObjectName(u"removeFolder"_s);
+            manager->validateMenuItem(item);
+            return item.isEnabled();
+        };
         QVERIFY(!remove->isEnabled());
+        QVERIFY(!menuItemIsEnabled());
         manager->folderList().selectFolders({path(u"a"_s), path(u"b"_s)});
         QVERIFY(remove->isEnabled());
+        QVERIFY(menuItemIsEnabled());
         manager->folderList().selectFolders({});
         QVERIFY(!remove->isEnabled());
+        QVERIFY(!menuItemIsEnabled());
     }
 
     // Settings
