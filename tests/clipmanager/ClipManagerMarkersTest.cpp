@@ -124,6 +124,18 @@ class ClipManagerMarkersTest : public QObject {
         QCOMPARE(titles(*manager().currentClip()), QStringList({u"first"_s, u"second"_s, u"In"_s, u"Out"_s}));
     }
 
+    void stepsInTheListAreForgottenWhenTheClipIsLeft() {
+        showPlayable();
+        press(u"_addMarkerButton"_s);
+        manager().undoManager().closeStep();
+        QCOMPARE(manager().undoManager().undoActionName(), u"add Marker(s)"_s);
+        _fixture->table().deselectAll();
+        QVERIFY(!manager().undoManager().canUndo());
+        QVERIFY(!manager().undoManager().canRedo());
+        QCOMPARE(titles(_fixture->onDisk(u"A#01.xml"_s)),
+                 QStringList({u"first"_s, u"second"_s, u"Untitled"_s}));
+    }
+
     void inWorksForAPlaceholderThatIsNotConnected() {
         _fixture->writeClip(u"A#01.xml"_s);
         _fixture->show();

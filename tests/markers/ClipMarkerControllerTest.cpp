@@ -796,8 +796,9 @@ class ClipMarkerControllerTest : public QObject {
     void selectingAMarkerMovesThePreviewToItsStart() {
         _t->show();
         QVERIFY(showMovie());
-        // 1.0833 s are 649.98 units, of which the 649th stands in the frame that begins at 648.
-        showMarkers({marker(u"a"_s, 1.0833), marker(u"b"_s, 2.5), marker(u"c"_s, -1.0)});
+        // 1.1199 s are 671.94 units: the 671st stands in the frame that begins at 648, the 672nd begins the
+        // next one.
+        showMarkers({marker(u"a"_s, 1.1199), marker(u"b"_s, 2.5), marker(u"c"_s, -1.0)});
         selectRows({1});
         QVERIFY(showsTime(1488));
         selectRows({0});

@@ -167,6 +167,19 @@ class MarkerSetSheetTest : public QObject {
         QCOMPARE(button(0).title(), u"Question"_s);
     }
 
+    // Sets of the settings file are read-only, those made since the start are not.
+    void cancelGivesASetMadeBeforeItsOldTitleBack() {
+        openEditor();
+        editor().addItem();
+        pressOK();
+        sets().editSet();
+        rename(3, u"Fiction"_s);
+        QCOMPARE(titlesOf(editor().markerSetArray()).at(3), u"Fiction"_s);
+        pressCancel();
+        QCOMPARE(titlesOf(sets().markerSetArray()).at(3), u"New Set"_s);
+        QCOMPARE(popupTitles().at(3), u"New Set"_s);
+    }
+
     void closingTheSheetByItsFrameCancels() {
         openEditor();
         editor().addItem();
