@@ -44,12 +44,13 @@ class TextCell : public QStyledItemDelegate {
 };
 
 std::vector<TableColumn> tableColumns() {
-    const auto column = [](int index, const QString& sample) {
-        return TableColumn{index, ClipMarkerModel::identifier(index), sample};
+    const auto column = [](int index, const QString& sample, bool grows = false) {
+        return TableColumn{index, ClipMarkerModel::identifier(index), sample, grows};
     };
-    // Together no wider than the list is on a small screen; the last one has what is left of a larger one.
+    // Together no wider than the list is on a small screen; names and comments share the rest of a larger
+    // one.
     return {column(ClipMarkerModel::markerIndex, u"888"_s),
-            column(ClipMarkerModel::markerName, u"Focus soft"_s),
+            column(ClipMarkerModel::markerName, u"Focus soft"_s, true),
             column(ClipMarkerModel::markerStart, u"88:88:88"_s),
             column(ClipMarkerModel::markerDuration, u"88:88:88"_s),
             column(ClipMarkerModel::markerComment, u"8"_s)};

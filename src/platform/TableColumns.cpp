@@ -6,7 +6,9 @@
 #include "platform/Theme.h"
 #include "platform/UserDefaults.h"
 
+#include <QEvent>
 #include <QHeaderView>
+#include <QScopedValueRollback>
 #include <QTableView>
 
 #include <algorithm>
@@ -37,11 +39,12 @@ TableColumns::TableColumns(QTableView& table, QString settingsKey, std::vector<T
       _columns(std::move(columns)) {
     arrange();
     restore();
+    _header.installEventFilter(this);
     _saving.setSingleShot(true);
     _saving.setInterval(savingDelay);
     connect(&_saving, &QTimer::timeout, this, &TableColumns::save);
     connect(&_header, &QHeaderView::sectionMoved, this, &TableColumns::changed);
-    connect(&_header, &QHeaderView::sectionResized, this, &TableColumns::changed);
+    connect(&_header, &QHeaderView::sectionResized, this, &TableColumns::sectionResized);
     connect(&_header, &QHeaderView::sortIndicatorChanged, this, [this] {
         changed();
         Q_EMIT sortDescriptorsDidChange();
@@ -93,6 +96,10 @@ void TableColumns::arrange() {
         const int width = std::max(_header.fontMetrics().horizontalAdvance(first.sample),
                                    _header.fontMetrics().horizontalAdvance(title));
         _header.resizeSection(first.column, width + TableHeader::padding);
+        if (first.grows) {
+            _growing = first.column;
+            _leastOfGrowing = width + TableHeader::padding;
+        }
     }
 }
 
@@ -110,11 +117,40 @@ void TableColumns::restore() {
         _header.moveSection(_header.visualIndex(column), place++);
         if (const std::optional<qint64> width = described.integer(key::kWidth)) {
             _header.resizeSection(column, static_cast<int>(std::clamp<qint64>(*width, narrowest, widest)));
+            _growing = column == _growing ? -1 : _growing;
         }
     }
     const bool ascends = settings.boolean(key::kSortAscending).value_or(true);
     const QString sorted = settings.string(key::kSortColumn).value_or(QString());
     _header.setSortIndicator(columnOf(sorted), ascends ? Qt::AscendingOrder : Qt::DescendingOrder);
+}
+
+bool TableColumns::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Resize) {
+        grow();
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+// Half of what the other columns leave, as the last one has the rest.
+void TableColumns::grow() {
+    if (_growing < 0 || _header.visualIndex(_growing) == _header.count() - 1) {
+        return;
+    }
+    int others = 0;
+    for (int place = 0; place < _header.count() - 1; ++place) {
+        const int column = _header.logicalIndex(place);
+        others += column == _growing ? 0 : _header.sectionSize(column);
+    }
+    const QScopedValueRollback growing(_isGrowing, true);
+    _header.resizeSection(_growing, std::max(_leastOfGrowing, (_header.width() - others) / 2));
+}
+
+void TableColumns::sectionResized(int column) {
+    if (column == _growing && !_isGrowing) {
+        _growing = -1;
+    }
+    changed();
 }
 
 void TableColumns::changed() {
@@ -127,8 +163,8 @@ void TableColumns::save() {
     for (int place = 0; place < _header.count(); ++place) {
         const int column = _header.logicalIndex(place);
         Dictionary described{{key::kIdentifier, identifierOf(column)}};
-        // A hidden one has no width; shown again it has its first one.
-        if (!_header.isSectionHidden(column)) {
+        // A hidden one has no width; shown again it has its first one. One that grows has none of its own.
+        if (!_header.isSectionHidden(column) && column != _growing) {
             described.set(key::kWidth, _header.sectionSize(column));
         }
         columns.append(described);

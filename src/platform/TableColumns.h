@@ -19,6 +19,7 @@ struct TableColumn {
     int column = 0;      ///< the model's
     QString identifier;  ///< its name in the user defaults
     QString sample;      ///< a text that its first width has room for, as it has for its title
+    bool grows = false;  ///< shares what room there is with the last one, until the user gives it a width
 };
 
 class TableColumns : public QObject {
@@ -41,10 +42,14 @@ class TableColumns : public QObject {
 
   protected:
     QHeaderView& header() const { return _header; }
+    /// The header's, whose width is the table's.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void arrange();
     void restore();
+    void grow();
+    void sectionResized(int column);
     void changed();
     void save();
     int columnOf(const QString& identifier) const;  // or -1
@@ -53,6 +58,9 @@ class TableColumns : public QObject {
     QHeaderView& _header;
     QString _settingsKey;
     std::vector<TableColumn> _columns;
+    int _growing = -1;        // the column that grows with the table
+    int _leastOfGrowing = 0;  // its first width
+    bool _isGrowing = false;
     QTimer _saving;  // a drag of a column's edge is many changes
 };
 

@@ -355,6 +355,45 @@ class ClipMarkerControllerTest : public QObject {
         QCOMPARE(titles(), u"b a"_s);
     }
 
+    void namesAndCommentsShareTheRoomOfAWideList() {
+        const QHeaderView& header = *_t->table.horizontalHeader();
+        _t->show();
+        const int narrow = header.sectionSize(Column::markerName);
+        for (const int width : {900, 1200}) {
+            _t->window.resize(width, 600);
+            QTRY_VERIFY(std::abs(header.sectionSize(Column::markerName) -
+                                 header.sectionSize(Column::markerComment)) <= 1);
+            QVERIFY(header.sectionSize(Column::markerName) > narrow + (width - 500) / 3);
+        }
+        _t->window.resize(500, 600);
+        QTRY_COMPARE(header.sectionSize(Column::markerName), narrow);
+    }
+
+    void widthTheUserGaveTheNamesStays() {
+        _t->show();
+        _t->table.horizontalHeader()->resizeSection(Column::markerName, 120);
+        _t->window.resize(900, 600);
+        QTRY_VERIFY(_t->table.horizontalHeader()->width() > 800);
+        QCOMPARE(_t->table.horizontalHeader()->sectionSize(Column::markerName), 120);
+        _t->controller.reset();
+        _t->make();
+        _t->window.resize(1000, 600);
+        QTRY_VERIFY(_t->table.horizontalHeader()->width() > 900);
+        QCOMPARE(_t->table.horizontalHeader()->sectionSize(Column::markerName), 120);
+    }
+
+    void widthNobodyGaveGrowsAtTheNextStartToo() {
+        const QHeaderView& header = *_t->table.horizontalHeader();
+        _t->show();
+        _t->table.horizontalHeader()->resizeSection(Column::markerStart, 123);
+        const int narrow = header.sectionSize(Column::markerName);
+        _t->controller.reset();
+        _t->make();
+        QCOMPARE(header.sectionSize(Column::markerStart), 123);
+        _t->window.resize(900, 600);
+        QTRY_VERIFY(header.sectionSize(Column::markerName) > narrow);
+    }
+
     // Editing
 
     void namesAndCommentsAreEditedUndoneAndRedone_data() {
