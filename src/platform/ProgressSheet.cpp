@@ -17,6 +17,10 @@ namespace {
 
 enum class Phase { working, committed, cancelled };
 
+int percentOf(qint64 done, qint64 total) {
+    return total > 0 ? static_cast<int>(done * 100 / total) : 0;
+}
+
 }  // namespace
 
 // What the main thread and the work share.
@@ -33,7 +37,7 @@ struct ProgressSheet::Run {
 };
 
 bool ProgressSheet::Progress::report(qint64 done, qint64 total) const {
-    const auto percent = total > 0 ? static_cast<int>(done * 100 / total) : 0;
+    const int percent = percentOf(done, total);
     // Only what can be seen is told: a hundred posts, not one for each step.
     if (_run->percent.exchange(percent) != percent) {
         _run->show(percent);
@@ -58,8 +62,7 @@ bool ProgressSheet::run(QWidget& window, const QString& text, Work work, Done do
     if (isRunning()) {
         return false;
     }
-    _percent = 0;
-    _run = std::make_shared<Run>();
+    begin(window, text);
     _work.start([this, run = _run, work = std::move(work), done = std::move(done)](const auto& post) {
         run->show = [this, post](int percent) { post([this, percent] { showProgress(percent); }); };
         Result<void> result = work(Progress(run));
@@ -69,12 +72,34 @@ bool ProgressSheet::run(QWidget& window, const QString& text, Work work, Done do
             done(result);
         });
     });
+    return true;
+}
+
+void ProgressSheet::begin(QWidget& window, const QString& text) {
+    _percent = 0;
+    _run = std::make_shared<Run>();
     DelayedCalls::performAfterDelay(this, secondsBeforeSheet, [this, window = QPointer(&window), text] {
         if (window && isRunning()) {
             showSheet(*window, text);
         }
     });
+}
+
+bool ProgressSheet::follow(QWidget& window, const QString& text) {
+    if (isRunning()) {
+        return false;
+    }
+    begin(window, text);
+    _run->phase = Phase::committed;
     return true;
+}
+
+void ProgressSheet::followed(qint64 done, qint64 total) {
+    if (done < total) {
+        showProgress(percentOf(done, total));
+    } else {
+        end();
+    }
 }
 
 void ProgressSheet::cancel() {

@@ -54,7 +54,12 @@ class ProgressSheet : public QObject {
     /// was cancelled. `text` says what is being done. While work is running it does nothing and returns
     /// false.
     bool run(QWidget& window, const QString& text, Work work, Done done);
-    bool isRunning() const { return _work.isRunning(); }
+    /// Shows in the same way how far work is that goes on elsewhere and cannot be cancelled, until followed()
+    /// tells its end. While other work is running it does nothing and returns false.
+    bool follow(QWidget& window, const QString& text);
+    /// `done` of `total` steps of that work are done; it has ended when all are.
+    void followed(qint64 done, qint64 total);
+    bool isRunning() const { return _run != nullptr; }
     /// For what cannot go on before: runs the event loop until the work has ended or was cancelled.
     void waitForEnd();
     /// Ends the work, unless it is past its commit.
@@ -63,6 +68,7 @@ class ProgressSheet : public QObject {
     QDialog* sheet() const { return _sheet; }
 
   private:
+    void begin(QWidget& window, const QString& text);
     void showSheet(QWidget& window, const QString& text);
     Result<void> loadSheet();
     void showProgress(int percent);

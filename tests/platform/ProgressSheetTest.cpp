@@ -168,6 +168,26 @@ class ProgressSheetTest : public QObject {
         QTRY_VERIFY(second);
     }
 
+    void workThatGoesOnElsewhereIsShownAndNotCancelled() {
+        QVERIFY(_progress->follow(*_window, u"Saving…"_s));
+        QVERIFY(_progress->isRunning());
+        QVERIFY(!_progress->follow(*_window, {}));
+        QVERIFY(!start());
+        _progress->followed(1, 4);
+        showSheet();
+        QCOMPARE(field<QLabel>(u"_textLabel"_s)->text(), u"Saving…"_s);
+        QCOMPARE(field<QProgressBar>(u"_progressBar"_s)->value(), 25);
+        QVERIFY(!field<QPushButton>(u"_cancelButton"_s)->isEnabled());
+        QTest::keyClick(_progress->sheet(), Qt::Key_Escape);
+        _progress->cancel();
+        _progress->followed(3, 4);
+        QVERIFY(_progress->isRunning());
+        QTimer::singleShot(0, _progress.get(), [this] { _progress->followed(4, 4); });
+        _progress->waitForEnd();
+        QVERIFY(!_progress->isRunning());
+        QVERIFY(!_progress->sheet());
+    }
+
     void errorsReachTheirReader() {
         std::optional<ErrorCode> code;
         _progress->run(
