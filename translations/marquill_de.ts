@@ -3714,4 +3714,11 @@ rating:&gt;=4 rating:none connected:no connected:offline</translation>
         <translation>Wo Takes gesichert werden, sind nur noch %1 MB frei.</translation>
     </message>
 </context>
+<context>
+    <name>marquill::WritingSheet</name>
+    <message>
+        <source>Saving clips…</source>
+        <translation>Clips werden gesichert…</translation>
+    </message>
+</context>
 </TS>

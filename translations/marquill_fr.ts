@@ -3714,4 +3714,11 @@ rating:&gt;=4 rating:none connected:no connected:offline</translation>
         <translation>Il ne reste que %1 Mo là où les prises sont enregistrées.</translation>
     </message>
 </context>
+<context>
+    <name>marquill::WritingSheet</name>
+    <message>
+        <source>Saving clips…</source>
+        <translation>Enregistrement des clips…</translation>
+    </message>
+</context>
 </TS>

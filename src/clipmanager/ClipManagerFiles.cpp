@@ -11,6 +11,7 @@
 #include "clipstore/ClipTrash.h"
 #include "connect/ClipTableController.h"
 #include "connect/ClipWriter.h"
+#include "connect/WritingSheet.h"
 #include "folders/RecordFolderController.h"
 #include "markers/ClipMarkerController.h"
 #include "platform/Dialogs.h"
@@ -18,6 +19,7 @@
 #include "platform/Log.h"
 
 #include <QMainWindow>
+#include <QScopedValueRollback>
 
 namespace marquill {
 
@@ -31,6 +33,17 @@ QStringList folderPaths(ClipManager& manager) {
         }
     }
     return paths;
+}
+
+/// False when somebody waits already: the program can be asked to quit again meanwhile.
+bool waitForWriting(ClipTableController& clips) {
+    static bool isWaiting = false;
+    if (isWaiting) {
+        return false;
+    }
+    const QScopedValueRollback waiting(isWaiting, true);
+    clips.writing().waitForEnd();
+    return true;
 }
 
 }  // namespace
@@ -124,6 +137,7 @@ void ClipManager::saveEdits() {
         manager->_markers->endEditing();
         manager->_current->endEditing();
         manager->_current->write();
+        manager->_clips->writer().finishWriting();
         manager->_clips->writer().retry();
     }
 }
@@ -132,6 +146,9 @@ bool ClipManager::cleanUp() {
     ClipManager* const manager = getClipManager();
     if (!manager) {
         return true;
+    }
+    if (!waitForWriting(*manager->_clips)) {
+        return false;
     }
     saveEdits();
     return manager->_unwritten->mayQuit() && TrashQuestion::cleanUp(folderPaths(*manager), manager->window());

@@ -3,6 +3,7 @@
 #include "clipstore/ClipStore.h"
 #include "connect/ClipConnection.h"
 #include "connect/ClipTableController.h"
+#include "connect/WritingSheet.h"
 #include "platform/Files.h"
 #include "platform/TableView.h"
 
@@ -66,7 +67,7 @@ void ClipConnecting::batchConnectFCPLogAndTransferRedClips() {
 }
 
 void ClipConnecting::batchConnectClips() {
-    if (_sheet.isRunning()) {
+    if (isAtWork()) {
         return;
     }
     if (selectedPlaceholders().empty()) {
@@ -109,7 +110,7 @@ void ClipConnecting::batchConnectClipsWithFolder(const QString& folder,
 }
 
 void ClipConnecting::batchConnectP2Clips() {
-    if (_sheet.isRunning()) {
+    if (isAtWork()) {
         return;
     }
     const std::shared_ptr<Batch> batch = newBatch();
@@ -173,12 +174,22 @@ void ClipConnecting::finish(const Batch& batch) {
     if (!set.newClips.empty()) {
         _clips.changeClipsWithUndo(set);
     }
-    for (const Alert& alert : batch.result.alerts()) {
-        showAlert(alert);
-    }
+    // Not over the sheet that shows how far the writing is.
+    _clips.writing().afterwards([this, alerts = batch.result.alerts()] {
+        for (const Alert& alert : alerts) {
+            showAlert(alert);
+        }
+    });
+}
+
+bool ClipConnecting::isAtWork() const {
+    return _sheet.isRunning() || _clips.writer().isWriting();
 }
 
 void ClipConnecting::connectClip() {
+    if (isAtWork()) {
+        return;
+    }
     const std::optional<QString> path = Dialogs::current().chooseFile(
         window(), {.title = tr("Connect Clip"), .startFolder = {}, .suffixes = {u"mov"_s}});
     const std::vector<ClipInfo> selected = _clips.selectedClipArray();
@@ -197,6 +208,9 @@ void ClipConnecting::connectClip() {
 }
 
 void ClipConnecting::unConnectSelectedClips() {
+    if (isAtWork()) {
+        return;
+    }
     ClipChangeSet set{.oldClips = {}, .newClips = {}, .actionName = tr("unconnect Clips")};
     for (const ClipInfo& clip : _clips.selectedClipArray()) {
         ClipInfo parted = clip.deepCopy();

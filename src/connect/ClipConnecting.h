@@ -48,6 +48,7 @@ class ClipConnecting : public QObject {
     std::shared_ptr<Batch> newBatch() const;
     void run(const std::shared_ptr<Batch>& batch, Work work, Done done);
     void finish(const Batch& batch);
+    bool isAtWork() const;
     std::vector<ClipInfo> selectedPlaceholders() const;
     std::optional<QString> chooseFolder(const QString& title);
     void showAlert(const Alert& alert);

@@ -6,6 +6,7 @@
 #include "connect/ClipConnecting.h"
 #include "connect/ClipPictures.h"
 #include "connect/ClipSelectionChange.h"
+#include "connect/WritingSheet.h"
 #include "folders/Preferences.h"
 #include "platform/DelayedCalls.h"
 #include "platform/TableView.h"
@@ -31,6 +32,7 @@ ClipTableController::ClipTableController(TableView& table, QLabel& countText, Un
       _table(table),
       _countText(countText),
       _undoManager(undoManager),
+      _writing(std::make_unique<WritingSheet>(table, _writer)),
       _connecting(std::make_unique<ClipConnecting>(*this)),
       _labelMenu(tr("Labels")) {
     openClipWithFile = [this](const QString& path) { openInDefaultPlayer(path); };
@@ -48,6 +50,7 @@ ClipTableController::ClipTableController(TableView& table, QLabel& countText, Un
 }
 
 ClipTableController::~ClipTableController() {
+    _writer.finishWriting();
     _table.deleteItem = nullptr;
     _table.keyDown = nullptr;
     _table.menuForEvent = nullptr;

@@ -24,6 +24,7 @@ class ClipConnecting;
 class ClipPictures;
 class TableView;
 class UndoManager;
+class WritingSheet;
 struct FolderChanges;
 struct ReadClip;
 struct RenamedClip;
@@ -64,6 +65,8 @@ class ClipTableController : public QObject {
     ClipTableModel& model() { return _model; }
     /// Writes the clips that are edited; what it could not write yet, it keeps.
     ClipWriter& writer() { return _writer; }
+    /// Shows how far it is with very many.
+    WritingSheet& writing() { return *_writing; }
     /// The menu "Labels", one item per label.
     QMenu& labelMenu() { return _labelMenu; }
 
@@ -236,6 +239,7 @@ class ClipTableController : public QObject {
     ClipTableModel _model;
     ClipRows _rows{_model};
     ClipWriter _writer;
+    std::unique_ptr<WritingSheet> _writing;
     std::unique_ptr<ClipTableColumns> _columns;
     std::unique_ptr<ClipConnecting> _connecting;
     std::unique_ptr<ClipPictures> _pictures;

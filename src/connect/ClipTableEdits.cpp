@@ -168,6 +168,7 @@ void ClipTableController::renameFile(const ClipInfo& clip, const QString& folder
     if (clipName == oldName) {
         return;
     }
+    _writer.finishWriting();
     const std::optional<QString> from = ClipStore::clipPath(place, oldName);
     const std::optional<QString> to = ClipStore::clipPath(place, clipName);
     const Result<void> moved = from && to

@@ -163,6 +163,7 @@ void ClipTableController::undoDeleteClipsWithUndo(const ClipSet& set) {
 void ClipTableController::moveToTrash(const ClipSet& set, ClipSetOperation inverse,
                                       const QString& actionName) {
     const QString folder = presentFolder(set.clipFolder);
+    _writer.finishWriting();
     if (!ClipTrash::hasTrash(folder) && !FileSystem::current().makeFolder(trashOf(folder))) {
         qCWarning(logConnect, "Couldn't create trash folder");
     }
@@ -192,6 +193,7 @@ void ClipTableController::moveFromTrash(const ClipSet& set, ClipSetOperation inv
         qCWarning(logConnect, "No trash folder found");
         return;
     }
+    _writer.finishWriting();
     ClipSet moved{.clipFolder = folder, .clipArray = {}};
     for (ClipInfo clip : set.clipArray) {
         const QString oldName = clip.clipName().value_or(QString());

@@ -68,12 +68,12 @@ std::optional<ClipInfo> ClipTableController::clipOfFile(const QString& name) {
     return known ? known->clip : std::nullopt;
 }
 
-// Whether this program has just written the file, or an editor is open in its row, which would hand its text
-// in over what was taken.
+// Whether this program has just written the file, or is about to, or an editor is open in its row, which
+// would hand its text in over what was taken.
 bool ClipTableController::hasToWait(const QString& name, Taking& taking) {
     const std::optional<ClipInfo> clip = clipOfFile(name);
-    const bool waits =
-        _writer.shared().known().isTouched(*clipFolder(), name) || (clip && isEditedInCell(*clip));
+    const bool waits = _writer.shared().known().isTouched(*clipFolder(), name) ||
+                       _writer.isWriting(*clipFolder(), name) || (clip && isEditedInCell(*clip));
     taking.isComplete = taking.isComplete && !waits;
     return waits;
 }

@@ -5,7 +5,6 @@
 #include "platform/Log.h"
 
 #include <algorithm>
-#include <numeric>
 #include <utility>
 
 namespace marquill {
@@ -24,14 +23,29 @@ bool isGone(const Error& error, const QString& folder) {
 
 }  // namespace
 
-ClipWriter::ClipWriter(int milliseconds) {
+ClipWriter::ClipWriter(int milliseconds)
+    : _backlog(
+          [this](const ClipInfo& clip, const QString& folder) { return _shared.knownStamp(clip, folder); },
+          [this](const std::vector<ClipBacklog::Written>& slice) { takeWritten(slice); }) {
     _timer.setInterval(milliseconds);
     connect(&_timer, &QTimer::timeout, this, &ClipWriter::retryInTurn);
+    connect(&_backlog, &ClipBacklog::progressed, this, &ClipWriter::progressed);
+}
+
+ClipWriter::~ClipWriter() {
+    finishWriting();
 }
 
 void ClipWriter::write(const std::vector<ClipInfo>& clips, const QString& folder) {
+    if (clips.size() > mostAtOnce) {
+        writeInTurn(clips, folder);
+        return;
+    }
+    for (const ClipInfo& clip : clips) {
+        _backlog.release(folder, nameOf(clip));
+    }
     const bool wasFailing = hasFailing();
-    const std::vector<Outcome> outcomes = tryToWrite(clips, folder);
+    const std::vector<SharedClips::Outcome> outcomes = _shared.write(clips, folder);
     for (const ClipInfo& clip : clips) {
         forget(folder, nameOf(clip));
     }
@@ -47,8 +61,42 @@ void ClipWriter::write(const std::vector<ClipInfo>& clips, const QString& folder
     }
 }
 
+// Whatever is shown and undone goes by the records, which are what they shall be already; only the disk is
+// behind them.
+void ClipWriter::writeInTurn(const std::vector<ClipInfo>& clips, const QString& folder) {
+    _wasFailing = _wasFailing || hasFailing();
+    _backlog.finishSlice();
+    for (const ClipInfo& clip : clips) {
+        forgetKept(folder, nameOf(clip));
+        _shared.adopt(clip, folder);
+    }
+    _backlog.add(clips, folder);
+}
+
+void ClipWriter::takeWritten(const std::vector<ClipBacklog::Written>& slice) {
+    for (const ClipBacklog::Written& clip : slice) {
+        if (clip.stamp) {
+            _shared.noteWritten(clip.clip, clip.folder, *clip.stamp, clip.held);
+        } else if (clip.isExpected && clip.stamp.error().code == ErrorCode::changedMeanwhile) {
+            keep(clip.clip, clip.folder, _shared.write({clip.clip}, clip.folder).front());
+        } else {
+            keep(clip.clip, clip.folder, {.written = std::unexpected(clip.stamp.error()), .conflicts = {}});
+        }
+    }
+    if (isWriting()) {
+        return;
+    }
+    if (hasFailing()) {
+        _timer.start();
+        Q_EMIT failed();
+    } else if (_wasFailing) {
+        tellWhenAllWritten();
+    }
+    _wasFailing = false;
+}
+
 // Keeps what was not written.
-void ClipWriter::keep(const ClipInfo& clip, const QString& folder, const Outcome& outcome) {
+void ClipWriter::keep(const ClipInfo& clip, const QString& folder, const SharedClips::Outcome& outcome) {
     Unwritten unwritten{clip, folder, {}};
     if (!isDone(unwritten, outcome)) {
         qCWarning(logConnect).noquote() << unwritten.error.description();
@@ -56,56 +104,12 @@ void ClipWriter::keep(const ClipInfo& clip, const QString& folder, const Outcome
     }
 }
 
-// A file that others write at the same moment is looked at again, and then left for later.
-std::vector<ClipWriter::Outcome> ClipWriter::tryToWrite(const std::vector<ClipInfo>& clips,
-                                                        const QString& folder,
-                                                        const SharedClips::Answer& answer) {
-    constexpr int mostTries = 4;
-    std::vector<Outcome> outcomes(clips.size());
-    std::vector<std::size_t> waiting(clips.size());
-    std::iota(waiting.begin(), waiting.end(), std::size_t{0});
-    for (int tries = 0; tries < mostTries && !waiting.empty(); ++tries) {
-        writePrepared(clips, folder, answer, waiting, outcomes);
-    }
-    return outcomes;
-}
-
-// Writes those that wait, all at a time; those whose files have changed at that very moment wait on.
-void ClipWriter::writePrepared(const std::vector<ClipInfo>& clips, const QString& folder,
-                               const SharedClips::Answer& answer, std::vector<std::size_t>& waiting,
-                               std::vector<Outcome>& outcomes) {
-    std::vector<std::size_t> written;
-    std::vector<ClipInfo> records;
-    std::vector<std::optional<FileStamp>> expected;
-    for (const std::size_t index : std::exchange(waiting, {})) {
-        _shared.adopt(clips[index], folder);
-        SharedClips::Preparation preparation = _shared.prepare(clips[index], folder, answer);
-        outcomes[index] = {.written = {}, .conflicts = std::move(preparation.conflicts)};
-        if (!preparation.isWritten && outcomes[index].conflicts.empty()) {
-            written.push_back(index);
-            records.push_back(clips[index]);
-            expected.push_back(preparation.expected);
-        }
-    }
-    const std::vector<Result<FileStamp>> results = ClipStore::writeClipInfos(records, folder, expected);
-    for (std::size_t i = 0; i < results.size(); ++i) {
-        if (results[i]) {
-            _shared.noteWritten(records[i], folder, *results[i]);
-            continue;
-        }
-        outcomes[written[i]].written = std::unexpected(results[i].error());
-        if (expected[i] && results[i].error().code == ErrorCode::changedMeanwhile) {
-            waiting.push_back(written[i]);
-        }
-    }
-}
-
 // Writes it; whether there is nothing left to be tried for it.
 bool ClipWriter::isDone(Unwritten& unwritten) {
-    return isDone(unwritten, tryToWrite({unwritten.clip}, unwritten.folder).front());
+    return isDone(unwritten, _shared.write({unwritten.clip}, unwritten.folder).front());
 }
 
-bool ClipWriter::isDone(Unwritten& unwritten, const Outcome& outcome) {
+bool ClipWriter::isDone(Unwritten& unwritten, const SharedClips::Outcome& outcome) {
     if (!outcome.conflicts.empty()) {
         _conflicts.push_back({unwritten.clip, unwritten.folder, outcome.conflicts});
         Q_EMIT conflictsChanged();
@@ -134,7 +138,8 @@ void ClipWriter::retry() {
 void ClipWriter::resolve(ClipInConflict conflict, ClipPreference preference) {
     forget(conflict.folder, nameOf(conflict.clip));
     keep(conflict.clip, conflict.folder,
-         tryToWrite({conflict.clip}, conflict.folder,
+         _shared
+             .write({conflict.clip}, conflict.folder,
                     {.preference = preference, .to = std::move(conflict.keys)})
              .front());
     if (hasFailing()) {
@@ -163,6 +168,9 @@ void ClipWriter::tellWhenAllWritten() {
 }
 
 std::optional<ClipInfo> ClipWriter::unwritten(const QString& folder, const QString& clipName) const {
+    if (const std::optional<ClipInfo> waiting = _backlog.find(folder, clipName)) {
+        return waiting;
+    }
     const auto conflict = std::ranges::find_if(_conflicts, [&](const ClipInConflict& kept) {
         return nameOf(kept.clip) == clipName && kept.folder == folder;
     });
@@ -227,6 +235,7 @@ void ClipWriter::clipReplaced(const ClipInfo& clip, const QString& folder) {
 }
 
 void ClipWriter::folderMoved(const QString& from, const QString& to) {
+    _backlog.folderMoved(from, to);
     _shared.known().folderMoved(from, to);
     const auto follow = [&](auto& kept) {
         if (kept.folder == from || kept.folder == joinPath(from, u"Trash"_s)) {
@@ -239,7 +248,7 @@ void ClipWriter::folderMoved(const QString& from, const QString& to) {
 
 void ClipWriter::leaveFolder(const QString& folder) {
     for (const QString& place : {folder, joinPath(folder, u"Trash"_s)}) {
-        QStringList kept;
+        QStringList kept = _backlog.namesIn(place);
         const auto add = [&](const auto& unwritten) {
             if (unwritten.folder == place) {
                 kept.append(nameOf(unwritten.clip));
@@ -252,6 +261,11 @@ void ClipWriter::leaveFolder(const QString& folder) {
 }
 
 void ClipWriter::forget(const QString& folder, const QString& clipName) {
+    _backlog.release(folder, clipName);
+    forgetKept(folder, clipName);
+}
+
+void ClipWriter::forgetKept(const QString& folder, const QString& clipName) {
     const auto isMeant = [&](const auto& kept) {
         return nameOf(kept.clip) == clipName && kept.folder == folder;
     };

@@ -5,6 +5,7 @@
 // written first is lost then. Owned by ClipTableController. Main thread.
 #pragma once
 
+#include "connect/ClipBacklog.h"
 #include "connect/SharedClips.h"
 #include "platform/Error.h"
 
@@ -21,21 +22,35 @@ class ClipWriter : public QObject {
   public:
     /// How long it rests before it tries again, in milliseconds.
     static constexpr int retryInterval = 5000;
+    /// More clips than this are not written at once, but while the event loop runs.
+    static constexpr std::size_t mostAtOnce = 64;
 
     explicit ClipWriter(int milliseconds = retryInterval);
+    /// Writes those that are still to be written.
+    ~ClipWriter() override;
 
     /// Writes the record into its clip in `folder`, or keeps it. One whose file is missing in a folder that
     /// is there is told of, and not kept: its clip was deleted, and what has its name later is another one.
     void write(const ClipInfo& clip, const QString& folder) { write(std::vector{clip}, folder); }
-    /// The same for many clips, several at a time.
+    /// The same for many clips, several at a time; of more than mostAtOnce this returns before they are
+    /// written (see isWriting), each then as it is by its turn.
     void write(const std::vector<ClipInfo>& clips, const QString& folder);
     /// Writes all that are kept, as they are now.
     void retry();
 
-    bool hasUnwritten() const { return !_unwritten.empty() || !_conflicts.empty(); }
+    /// Whether clips wait for their turn to be written.
+    bool isWriting() const { return !_backlog.isEmpty(); }
+    /// Whether that one does.
+    bool isWriting(const QString& folder, const QString& clipName) const {
+        return _backlog.find(folder, clipName).has_value();
+    }
+    /// Writes them now. Before files are moved, too.
+    void finishWriting() { _backlog.finish(); }
+
+    bool hasUnwritten() const { return isWriting() || !_unwritten.empty() || !_conflicts.empty(); }
     /// Whether some of them were refused by the disk.
     bool hasFailing() const { return !_unwritten.empty(); }
-    /// The record that is kept for the clip of that name: it is newer than the file.
+    /// The record that is kept, or waits, for the clip of that name: it is newer than the file.
     std::optional<ClipInfo> unwritten(const QString& folder, const QString& clipName) const;
     /// "“A#01.xml” could not be saved: The volume is full. …", of several clips with their number.
     QString unwrittenText() const;
@@ -61,6 +76,9 @@ class ClipWriter : public QObject {
     void resolve(ClipInConflict conflict, ClipPreference preference);
 
   Q_SIGNALS:
+    /// So many of the clips that are written while the event loop runs are done; both are the same when all
+    /// are.
+    void progressed(qsizetype done, qsizetype total);
     /// There are others in conflict than before, or none.
     void conflictsChanged();
     /// Clips came to those that are not written.
@@ -77,20 +95,13 @@ class ClipWriter : public QObject {
         Error error;
     };
 
-    struct Outcome {
-        Result<void> written = {};
-        std::vector<ClipConflict> conflicts = {};
-    };
-
-    std::vector<Outcome> tryToWrite(const std::vector<ClipInfo>& clips, const QString& folder,
-                                    const SharedClips::Answer& answer = {});
-    void writePrepared(const std::vector<ClipInfo>& clips, const QString& folder,
-                       const SharedClips::Answer& answer, std::vector<std::size_t>& waiting,
-                       std::vector<Outcome>& outcomes);
-    void keep(const ClipInfo& clip, const QString& folder, const Outcome& outcome);
+    void writeInTurn(const std::vector<ClipInfo>& clips, const QString& folder);
+    void takeWritten(const std::vector<ClipBacklog::Written>& slice);
+    void keep(const ClipInfo& clip, const QString& folder, const SharedClips::Outcome& outcome);
     void forget(const QString& folder, const QString& clipName);
+    void forgetKept(const QString& folder, const QString& clipName);
     bool isDone(Unwritten& unwritten);
-    bool isDone(Unwritten& unwritten, const Outcome& outcome);
+    bool isDone(Unwritten& unwritten, const SharedClips::Outcome& outcome);
     static QString textFor(const Unwritten& unwritten);
     static QString textForSeveral(const Unwritten& first, std::size_t others);
     void retryInTurn();
@@ -100,6 +111,8 @@ class ClipWriter : public QObject {
     std::vector<ClipInConflict> _conflicts;
     std::vector<Unwritten> _unwritten;  // the one to be tried next is the first
     QTimer _timer;
+    bool _wasFailing = false;  // before the backlog began
+    ClipBacklog _backlog;
 };
 
 }  // namespace marquill

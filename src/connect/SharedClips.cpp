@@ -2,6 +2,9 @@
 
 #include "clipstore/ClipStore.h"
 
+#include <numeric>
+#include <utility>
+
 namespace marquill {
 
 namespace {
@@ -41,8 +44,17 @@ void SharedClips::noteOnDisk(const ClipInfo& clip, const QString& folder) {
 }
 
 void SharedClips::noteWritten(const ClipInfo& clip, const QString& folder, const FileStamp& stamp) {
-    _known.set(folder, nameOf(clip),
-               {.stamp = stamp, .held = std::make_shared<const ClipPrint>(clip), .clip = clip});
+    noteWritten(clip, folder, stamp, std::make_shared<const ClipPrint>(clip));
+}
+
+void SharedClips::noteWritten(const ClipInfo& clip, const QString& folder, const FileStamp& stamp,
+                              std::shared_ptr<const ClipPrint> held) {
+    _known.set(folder, nameOf(clip), {.stamp = stamp, .held = std::move(held), .clip = clip});
+}
+
+std::optional<FileStamp> SharedClips::knownStamp(const ClipInfo& clip, const QString& folder) const {
+    const KnownClip* known = _known.find(folder, nameOf(clip));
+    return known && known->held ? std::optional(known->stamp) : std::nullopt;
 }
 
 void SharedClips::adopt(const ClipInfo& clip, const QString& folder) {
@@ -73,6 +85,54 @@ SharedClips::Preparation SharedClips::prepare(const ClipInfo& clip, const QStrin
     const std::vector<ClipConflict> conflicts = merge(clip, folder, file, answer);
     return {
         .expected = file.stamp, .isWritten = conflicts.empty() && clip == *file.clip, .conflicts = conflicts};
+}
+
+std::vector<SharedClips::Outcome> SharedClips::write(const std::vector<ClipInfo>& clips,
+                                                     const QString& folder) {
+    return write(clips, folder, {});
+}
+
+// A file that others write at the same moment is looked at again, and then left for later.
+std::vector<SharedClips::Outcome> SharedClips::write(const std::vector<ClipInfo>& clips,
+                                                     const QString& folder, const Answer& answer) {
+    constexpr int mostTries = 4;
+    std::vector<Outcome> outcomes(clips.size());
+    std::vector<std::size_t> waiting(clips.size());
+    std::iota(waiting.begin(), waiting.end(), std::size_t{0});
+    for (int tries = 0; tries < mostTries && !waiting.empty(); ++tries) {
+        writePrepared(clips, folder, answer, waiting, outcomes);
+    }
+    return outcomes;
+}
+
+// Writes those that wait, all at a time; those whose files have changed at that very moment wait on.
+void SharedClips::writePrepared(const std::vector<ClipInfo>& clips, const QString& folder,
+                                const Answer& answer, std::vector<std::size_t>& waiting,
+                                std::vector<Outcome>& outcomes) {
+    std::vector<std::size_t> written;
+    std::vector<ClipInfo> records;
+    std::vector<std::optional<FileStamp>> expected;
+    for (const std::size_t index : std::exchange(waiting, {})) {
+        adopt(clips[index], folder);
+        Preparation preparation = prepare(clips[index], folder, answer);
+        outcomes[index] = {.written = {}, .conflicts = std::move(preparation.conflicts)};
+        if (!preparation.isWritten && outcomes[index].conflicts.empty()) {
+            written.push_back(index);
+            records.push_back(clips[index]);
+            expected.push_back(preparation.expected);
+        }
+    }
+    const std::vector<Result<FileStamp>> results = ClipStore::writeClipInfos(records, folder, expected);
+    for (std::size_t i = 0; i < results.size(); ++i) {
+        if (results[i]) {
+            noteWritten(records[i], folder, *results[i]);
+            continue;
+        }
+        outcomes[written[i]].written = std::unexpected(results[i].error());
+        if (expected[i] && results[i].error().code == ErrorCode::changedMeanwhile) {
+            waiting.push_back(written[i]);
+        }
+    }
 }
 
 SharedClips::Taken SharedClips::take(const QString& folder, const ClipFile& file) {

@@ -1,6 +1,7 @@
 #include "clipmanager/ClipExports.h"
 #include "clipmanager/ClipManagerFixture.h"
 #include "platform/MovieMaker.h"
+#include "platform/SlowFileSystem.h"
 #include "platform/UndoManager.h"
 
 #include <QAction>
@@ -139,6 +140,36 @@ class ClipManagerFilesTest : public QObject {
         QVERIFY(!ClipManager::cleanUp());
         QCOMPARE(_fixture->dialogs.alerts[0].title, u"Delete Clips in the Trash?"_s);
         QVERIFY(QFile::exists(_fixture->path(u"b/Trash/a#01.xml"_s)));
+    }
+
+    void quittingWaitsForManyClipsThatAreBeingSaved() {
+        constexpr int many = 70;
+        for (int number = 0; number < many; ++number) {
+            _fixture->writeClip(u"a#%1.xml"_s.arg(number));
+        }
+        UserDefaults::standard().setValue(u"ClipManagerSettings"_s, _fixture->settings());
+        ClipManager::init();
+        ClipManager& manager = *ClipManager::getClipManager();
+        manager.folderList().selectFolder(_fixture->path(u"a"_s));
+        QTRY_VERIFY(!manager.isReading());
+        ClipChangeSet change{.oldClips = manager.clipTable().clipArray(), .newClips = {}, .actionName = {}};
+        for (const ClipInfo& clip : change.oldClips) {
+            change.newClips.push_back(clip.deepCopy());
+            change.newClips.back().setClipScene(u"24A"_s);
+        }
+        SlowFileSystem slow;
+        manager.clipTable().changeClipsWithUndo(change);
+        QTRY_VERIFY(slow.isAsked());
+        bool hasQuitAgain = true;
+        QTimer::singleShot(0, &manager, [&] {
+            hasQuitAgain = ClipManager::cleanUp();
+            slow.letGo();
+        });
+        QVERIFY(ClipManager::cleanUp());
+        QVERIFY(!hasQuitAgain);
+        for (int number = 0; number < many; ++number) {
+            QCOMPARE(_fixture->onDisk(u"a#%1.xml"_s.arg(number)).clipScene(), std::optional(u"24A"_s));
+        }
     }
 };
 

@@ -1,11 +1,14 @@
 #include "connect/ClipConnecting.h"
 #include "connect/ClipTable.h"
 #include "connect/MediaFolder.h"
+#include "connect/WritingSheet.h"
 #include "folders/Preferences.h"
 #include "platform/SlowFileSystem.h"
 
 #include <QDialog>
 #include <QPushButton>
+
+#include <thread>
 
 using namespace marquill;
 
@@ -15,6 +18,7 @@ class ClipConnectingTest : public QObject {
   private:
     std::unique_ptr<ClipTable> _t;
     std::unique_ptr<MediaFolder> _media;
+    static constexpr int many = 70;
 
     ClipConnecting& connecting() const { return _t->controller->connecting(); }
     // Shows place holders recorded at these moments, and selects them all.
@@ -54,6 +58,18 @@ class ClipConnectingTest : public QObject {
         }
         return bytes;
     }
+    // So many connected place holders, all selected: more than are written at once.
+    void showManyConnected() const {
+        std::vector<ClipInfo> clips;
+        for (int number = 0; number < many; ++number) {
+            clips.push_back(placeholderAt(u"Shot#%1.xml"_s.arg(number + 1), number));
+            clips.back().setClipPath(u"/media/%1.mov"_s.arg(number));
+            QVERIFY(ClipStore::createProxyClip(clips.back(), _t->folder.path()));
+        }
+        _t->showFolder();
+        _t->controller->selectClips(_t->controller->clipArray());
+    }
+    void finishWriting() const { QTRY_VERIFY(!_t->controller->writer().isWriting()); }
     QByteArray describedAt(const char* date) const {
         return QByteArray("<P2Main><CreationDate>") + date + "</CreationDate></P2Main>";
     }
@@ -290,6 +306,116 @@ class ClipConnectingTest : public QObject {
         finish();
         QCOMPARE(_t->dialogs.choices.size(), 1);
         QCOMPARE(connectedTo(u"Shot#01.xml"_s), u"a.mov"_s);
+    }
+
+    // Very many clips
+
+    void manyClipsAreSavedUnderASheetThatCannotBeCancelled() {
+        showManyConnected();
+        _t->show();
+        SlowFileSystem slow;
+        connecting().unConnectSelectedClips();
+        QVERIFY(!_t->clip(0).clipPath());
+        const WritingSheet& writing = _t->controller->writing();
+        QTRY_VERIFY(writing.sheet());
+        QVERIFY(!writing.sheet()->findChild<QPushButton*>(u"_cancelButton"_s)->isEnabled());
+        writing.sheet()->reject();
+        slow.letGo();
+        finishWriting();
+        QTRY_VERIFY(!writing.sheet());
+        QVERIFY(!_t->stored(u"Shot#1.xml"_s).clipPath());
+        _t->undo.closeStep();
+        _t->undo.undo();
+        finishWriting();
+        for (int number = 0; number < many; ++number) {
+            QCOMPARE(connectedTo(u"Shot#%1.xml"_s.arg(number + 1)), u"%1.mov"_s.arg(number));
+        }
+        QVERIFY(!_t->undo.canUndo());
+        QVERIFY(_t->undo.canRedo());
+    }
+
+    void undoWhileManyAreSavedTakesAllBack() {
+        showManyConnected();
+        const QMap<QString, QByteArray> connected = files();
+        SlowFileSystem slow;
+        connecting().unConnectSelectedClips();
+        QTRY_VERIFY(slow.isAsked());
+        _t->undo.closeStep();
+        const std::jthread later([&slow] {
+            std::this_thread::sleep_for(std::chrono::milliseconds(50));
+            slow.letGo();
+        });
+        _t->undo.undo();
+        finishWriting();
+        QCOMPARE(files(), connected);
+        QCOMPARE(_t->clip(0).clipPath().has_value(), true);
+    }
+
+    void clipsThatAreDeletedWhileManyAreSavedDoNotComeBack() {
+        showManyConnected();
+        SlowFileSystem slow;
+        connecting().unConnectSelectedClips();
+        QTRY_VERIFY(slow.isAsked());
+        const std::jthread later([&slow] {
+            std::this_thread::sleep_for(std::chrono::milliseconds(50));
+            slow.letGo();
+        });
+        _t->controller->selectClips(_t->controller->clipArray());
+        _t->controller->deleteItem();
+        QTest::qWait(50);
+        QCOMPARE(_t->folder.names(), QStringList(u"Trash"_s));
+        QVERIFY(!ClipStore::infoForClip(_t->folder.path(u"Trash/Shot#1.xml"_s))->clipPath());
+    }
+
+    void aTakeComesWhileManyAreSaved() {
+        showManyConnected();
+        SlowFileSystem slow;
+        connecting().unConnectSelectedClips();
+        QTRY_VERIFY(slow.isAsked());
+        _t->controller->addItem(_t->newClip(u"Take#01.xml"_s));
+        QVERIFY(_t->controller->writer().isWriting());
+        QVERIFY(_t->folder.names().contains(u"Take#01.xml"_s));
+        QCOMPARE(_t->names().size(), many + 1);
+        slow.letGo();
+        finishWriting();
+        QCOMPARE(_t->names().size(), many + 1);
+    }
+
+    void aSecondCommandWhileManyAreSavedIsIgnored() {
+        showManyConnected();
+        _t->dialogs.chosen = {_media->path()};
+        SlowFileSystem slow;
+        connecting().unConnectSelectedClips();
+        QTRY_VERIFY(slow.isAsked());
+        connecting().connectClip();
+        connecting().batchConnectQTClips();
+        connecting().batchConnectP2Clips();
+        slow.letGo();
+        finishWriting();
+        QCOMPARE(asked(), QStringList());
+        QCOMPARE(told(), QStringList());
+    }
+
+    void whatABatchTellsIsToldWhenAllIsSaved() {
+        std::vector<double> moments;
+        for (int number = 0; number < many; ++number) {
+            moments.push_back(number * 100);
+            _media->makeMovie(u"%1.mov"_s.arg(number), number * 100 + 1);
+        }
+        moments.push_back(5000.5);  // another one stands nearer to its movie
+        show(moments);
+        _t->dialogs.chosen = {_media->path()};
+        bool wasWriting = false;
+        connect(&_t->controller->writer(), &ClipWriter::progressed, this,
+                [&](qsizetype done, qsizetype total) {
+                    wasWriting = wasWriting || done < total;
+                    QCOMPARE(told(), QStringList());
+                });
+        connecting().batchConnectQTClips();
+        QTRY_COMPARE(told(), QStringList({u"Could not connect all clips"_s,
+                                          u"Only 70 of 71 clips could be connected."_s, u"OK"_s}));
+        QVERIFY(wasWriting);
+        QVERIFY(!_t->controller->writer().isWriting());
     }
 
     // One clip
