@@ -1063,6 +1063,10 @@ Geändert: %3
         <source>holds no clip record and was left as it is</source>
         <translation>enthält keinen Clip-Eintrag und blieb, wie es war</translation>
     </message>
+    <message>
+        <source>another program has meanwhile changed in it what was to be changed, and it was left as it is; look at it, and give the command again</source>
+        <translation>ein anderes Programm hat darin inzwischen geändert, was geändert werden sollte, und sie wurde gelassen, wie sie ist; sehen Sie sie an und geben Sie den Befehl erneut ein</translation>
+    </message>
 </context>
 <context>
     <name>PosterCache</name>

@@ -1063,6 +1063,10 @@ Modifié&#xa0;: %3
         <source>holds no clip record and was left as it is</source>
         <translation>ne contient pas de fiche de clip et a été laissé tel quel</translation>
     </message>
+    <message>
+        <source>another program has meanwhile changed in it what was to be changed, and it was left as it is; look at it, and give the command again</source>
+        <translation>un autre programme y a modifié entre-temps ce qui devait l’être, et il a été laissé tel quel ; examinez-le, puis relancez la commande</translation>
+    </message>
 </context>
 <context>
     <name>PosterCache</name>

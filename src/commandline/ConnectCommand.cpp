@@ -141,7 +141,7 @@ ExitStatus ConnectCommand::run() {
     if (!result) {
         return ExitStatus::failed;
     }
-    const bool isWritten = _dryRun || write(*result, folder);
+    const bool isWritten = _dryRun || write(*result, folder, *placeholders.shared);
     tell(*result, placeholders.clips);
     for (const Alert& alert : result->alerts()) {
         complain(alert);
@@ -164,10 +164,10 @@ std::optional<BatchResult> ConnectCommand::match(const std::vector<ClipInfo>& pl
                                     : matchFiles(placeholders, media, clipType, converted);
 }
 
-bool ConnectCommand::write(const BatchResult& result, const QString& folder) const {
+bool ConnectCommand::write(const BatchResult& result, const QString& folder, SharedClips& shared) const {
     std::vector<ClipInfo> clips;
     std::ranges::transform(result.pairs, std::back_inserter(clips), &BatchPair::clip);
-    return std::ranges::all_of(writeChanges(clips, folder), std::identity());
+    return std::ranges::all_of(writeChanges(clips, folder, shared), std::identity());
 }
 
 void ConnectCommand::tell(const BatchResult& result, const std::vector<ClipInfo>& placeholders) const {

@@ -3,6 +3,7 @@
 
 #include "commandline/Command.h"
 #include "connect/BatchConnect.h"
+#include "connect/SharedClips.h"
 
 #include <string>
 #include <vector>
@@ -18,7 +19,7 @@ class ConnectCommand : public Command {
 
   private:
     std::optional<BatchResult> match(const std::vector<ClipInfo>& placeholders) const;
-    bool write(const BatchResult& result, const QString& folder) const;
+    bool write(const BatchResult& result, const QString& folder, SharedClips& shared) const;
     void tell(const BatchResult& result, const std::vector<ClipInfo>& placeholders) const;
 
     std::string _folder;

@@ -26,7 +26,7 @@ ExitStatus DisconnectCommand::run() {
             parted.push_back(clip);
         }
     }
-    const std::vector<bool> areWritten = writeChanges(parted, folder);
+    const std::vector<bool> areWritten = writeChanges(parted, folder, *placeholders.shared);
     for (std::size_t index = 0; index < parted.size(); ++index) {
         if (areWritten[index]) {
             print(parted[index].clipName().value_or(QString()));

@@ -59,11 +59,12 @@ PlaceholderChoice choosePlaceholders(const QString& folder, const std::vector<st
         return choice;
     }
     const QStringList files = names.empty() ? namesInFolder(folder) : chosenNames(folder, names, choice);
-    // A placeholder always has a record, be it an empty one, so that each stands at its name's index.
-    const std::vector<ClipInfo> clips = ClipStore::readClipInfos(folder, files);
-    for (std::size_t index = 0; index < clips.size(); ++index) {
-        if (isOwnRecord(clips[index], folder, files.at(static_cast<qsizetype>(index)))) {
-            choice.clips.push_back(clips[index]);
+    const std::vector<ClipFile> read = readClipFiles(folder, files);
+    choice.shared->noteRead(folder, read);
+    for (const ClipFile& file : read) {
+        const ClipInfo clip = file.clip.value_or(ClipInfo());
+        if (isOwnRecord(clip, folder, file.name)) {
+            choice.clips.push_back(clip);
         } else {
             choice.isComplete = false;
         }
@@ -95,13 +96,24 @@ bool isOwnRecord(const ClipInfo& clip, const QString& folder, const QString& nam
     return false;
 }
 
-std::vector<bool> writeChanges(const std::vector<ClipInfo>& clips, const QString& folder) {
+std::vector<bool> writeChanges(const std::vector<ClipInfo>& clips, const QString& folder,
+                               SharedClips& shared) {
     std::vector<bool> areWritten;
-    for (const Result<void>& written : ClipStore::writeClipInfos(clips, folder)) {
+    const std::vector<SharedClips::Outcome> outcomes = shared.write(clips, folder);
+    for (std::size_t index = 0; index < clips.size(); ++index) {
+        const auto& [written, conflicts] = outcomes[index];
         if (!written) {
             complain(written.error());
+        } else if (!conflicts.empty()) {
+            complain(
+                {ErrorCode::changedMeanwhile,
+                 QCoreApplication::translate("PlaceholderChoice",
+                                             "another program has meanwhile changed in it what was to be "
+                                             "changed, and it was left as it is; look at it, and give "
+                                             "the command again"),
+                 joinPath(folder, clips[index].clipName().value_or(QString()))});
         }
-        areWritten.push_back(written.has_value());
+        areWritten.push_back(written.has_value() && conflicts.empty());
     }
     return areWritten;
 }

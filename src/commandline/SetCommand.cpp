@@ -102,18 +102,22 @@ bool assign(const ClipInfo& clip, const Assignment& assignment) {
 }
 
 // The clip at `path`, when its record is its own; what is wrong has been told otherwise.
-std::optional<ClipInfo> ownClip(const QString& path) {
+std::optional<ClipInfo> ownClip(const QString& path, SharedClips& shared) {
     if (const Result<FileAttributes> file = FileSystem::current().attributes(path, Links::follow); !file) {
         complain(file.error());
         return std::nullopt;
     }
-    std::optional<ClipInfo> clip = ClipStore::infoForClip(path);
-    if (!clip) {
+    const QString folder = parentFolder(path);
+    const std::vector<ClipFile> read = readClipFiles(folder, {lastPathComponent(path)});
+    shared.noteRead(folder, read);
+    // As it stands in the file: what was read is under the file's name already.
+    const std::optional<ClipInfo> clip = ClipStore::infoForClip(path);
+    if (!clip || !read.front().clip) {
         complain({ErrorCode::malformed,
                   SetCommand::tr("holds no clip record; see what `marquill probe` tells of it"), path});
         return std::nullopt;
     }
-    return isOwnRecord(*clip, parentFolder(path), lastPathComponent(path)) ? clip : std::nullopt;
+    return isOwnRecord(*clip, folder, lastPathComponent(path)) ? read.front().clip : std::nullopt;
 }
 
 }  // namespace
@@ -131,7 +135,8 @@ CLI::App* SetCommand::addTo(CLI::App& parser) {
 
 ExitStatus SetCommand::run() {
     const QString path = pathOfArgument(_clip);
-    const std::optional<ClipInfo> clip = ownClip(path);
+    SharedClips shared;
+    const std::optional<ClipInfo> clip = ownClip(path, shared);
     if (!clip) {
         return ExitStatus::failed;
     }
@@ -146,7 +151,7 @@ ExitStatus SetCommand::run() {
         }
         isChanged = assign(*clip, assignment) || isChanged;
     }
-    if (isChanged && !writeChanges({*clip}, parentFolder(path)).front()) {
+    if (isChanged && !writeChanges({*clip}, parentFolder(path), shared).front()) {
         return ExitStatus::failed;
     }
     return ExitStatus::done;
