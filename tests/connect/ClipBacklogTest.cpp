@@ -147,8 +147,9 @@ class ClipBacklogTest : public QObject {
             std::this_thread::sleep_for(std::chrono::milliseconds(50));
             slow.letGo();
         });
-        clip(number).setClipScene(u"edited"_s);
-        writer.write(clip(number), folder());
+        ClipInfo edited = clip(number).deepCopy();
+        edited.setClipScene(u"edited"_s);
+        writer.write(edited, folder());
         QCOMPARE(sceneOnDisk(number), u"edited"_s);
         QTRY_VERIFY(!writer.isWriting());
         QCOMPARE(sceneOnDisk(number), u"edited"_s);
