@@ -111,7 +111,9 @@ class ClipTableModel : public QAbstractTableModel {
     int countNotFound() const;
     /// Folds the texts of `count` rows from `first` on, so that a search need not; where to go on.
     int prepareSearch(int first, int count) const;
-    bool isPreparedForSearch(int row) const { return _rows[static_cast<std::size_t>(row)].searchText != nullptr; }
+    bool isPreparedForSearch(int row) const {
+        return _rows[static_cast<std::size_t>(row)].searchText != nullptr;
+    }
 
     ClipStatus status(int row) const;
     /// What is known of the files of a row's clip; asks for it when nothing is.
