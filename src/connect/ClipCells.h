@@ -1,6 +1,8 @@
 // The cells of the clip table: status, rating, label and texts. Owned by the table. Main thread.
 #pragma once
 
+#include "platform/CellDelegate.h"
+
 #include <QStyledItemDelegate>
 
 namespace marquill {
@@ -9,11 +11,11 @@ class ClipPictures;
 class ClipTableModel;
 
 /// A text; what could not be written into the record, or be a file's name, cannot be typed.
-class TextCell : public QStyledItemDelegate {
+class TextCell : public CellDelegate {
     Q_OBJECT
 
   public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using CellDelegate::CellDelegate;
 
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                           const QModelIndex& index) const override;

@@ -2,6 +2,7 @@
 
 #include "clipstore/Notifications.h"
 #include "connect/MoviePreview.h"
+#include "platform/CellDelegate.h"
 #include "platform/RecordTextValidator.h"
 #include "platform/TableView.h"
 #include "platform/UndoManager.h"
@@ -14,7 +15,6 @@
 #include <QLineEdit>
 #include <QScopedValueRollback>
 #include <QScrollBar>
-#include <QStyledItemDelegate>
 
 #include <algorithm>
 #include <cmath>
@@ -24,9 +24,9 @@ namespace marquill {
 namespace {
 
 // A text; what could not be written into the record cannot be typed.
-class TextCell : public QStyledItemDelegate {
+class TextCell : public CellDelegate {
   public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using CellDelegate::CellDelegate;
 
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& /*option*/,
                           const QModelIndex& index) const override {

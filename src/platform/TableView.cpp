@@ -1,5 +1,6 @@
 #include "platform/TableView.h"
 
+#include "platform/CellDelegate.h"
 #include "platform/TableHeader.h"
 
 #include <QContextMenuEvent>
@@ -12,6 +13,7 @@ namespace marquill {
 TableView::TableView(QWidget* parent) : QTableView(parent) {
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setTabKeyNavigation(false);
+    setItemDelegate(new CellDelegate(this));
     setHorizontalHeader(new TableHeader(Qt::Horizontal, this));
 }
 

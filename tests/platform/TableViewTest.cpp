@@ -1,5 +1,6 @@
 #include "platform/Literals.h"
 #include "platform/TableView.h"
+#include "platform/Theme.h"
 
 #include <QContextMenuEvent>
 #include <QLineEdit>
@@ -159,6 +160,13 @@ class TableViewTest : public QObject {
         QTRY_VERIFY(_table->hasFocus());
         QCOMPARE(_table->currentIndex(), _model.index(1, 0));
         QTRY_VERIFY(!editor());
+    }
+
+    void editorFillsItsCell() {
+        Theme::apply(*qApp, Theme::Choice::dark);
+        startEditing();
+        QCOMPARE(editor()->geometry(), _table->visualRect(_model.index(1, 0)));
+        qApp->setStyleSheet(QString());
     }
 
     void escapeKeepsTheOldTextAndTakesTheFocusBack() {
