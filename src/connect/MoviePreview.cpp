@@ -33,7 +33,10 @@ const QFont& messageFont() {
 
 }  // namespace
 
-MoviePreview::MoviePreview(QWidget* parent) : MovieView(parent) {
+MoviePreview::MoviePreview(QWidget* parent) : MovieView(parent), _focusRing(new QFrame(this)) {
+    _focusRing->setObjectName(u"_focusRing"_s);
+    _focusRing->setAttribute(Qt::WA_TransparentForMouseEvents);
+    _focusRing->hide();
     messageLabel().setFont(messageFont());
     messageLabel().setStyleSheet(u"color: white"_s);
     messageLabel().setMargin(messageMargin);
@@ -54,6 +57,22 @@ MoviePreview::MoviePreview(QWidget* parent) : MovieView(parent) {
     });
     connect(&_watcher, &QFileSystemWatcher::fileChanged, this, &MoviePreview::fileChanged);
     makeContextMenu();
+}
+
+void MoviePreview::focusInEvent(QFocusEvent* event) {
+    MovieView::focusInEvent(event);
+    _focusRing->show();
+    _focusRing->raise();
+}
+
+void MoviePreview::focusOutEvent(QFocusEvent* event) {
+    MovieView::focusOutEvent(event);
+    _focusRing->hide();
+}
+
+void MoviePreview::resizeEvent(QResizeEvent* event) {
+    MovieView::resizeEvent(event);
+    _focusRing->setGeometry(rect());
 }
 
 void MoviePreview::makeContextMenu() {

@@ -7,6 +7,7 @@
 #include "platform/MovieView.h"
 
 #include <QFileSystemWatcher>
+#include <QFrame>
 #include <QLabel>
 #include <QMenu>
 #include <QPointer>
@@ -60,6 +61,9 @@ class MoviePreview : public MovieView {
   protected:
     void paintEvent(QPaintEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
     void forgetMovie();
@@ -77,6 +81,7 @@ class MoviePreview : public MovieView {
     QPointer<QLabel> _timeCodeField;
     QPointer<QMenu> _contextMenu;
     QFileSystemWatcher _watcher;
+    QFrame* _focusRing;  // around everything while keys go to the movie
 };
 
 }  // namespace marquill

@@ -51,6 +51,7 @@ class MoviePreviewTest : public QObject {
     void aChangeWithinTheFileKeepsItOnShow();
     void aMovieThatDoesNotPlayLeavesAMessage();
     void theOwnersMessageComesFirst();
+    void aRingShowsThatKeysGoToTheMovie();
 
   private:
     QString movie25() {
@@ -89,6 +90,20 @@ bool MoviePreviewTest::show(const QString& path) {
     _preview->setMovieByPath(path);
     return QTest::qWaitFor(
         [this] { return _preview->isLoaded() && !_preview->MovieView::naturalSize().isEmpty(); }, patience);
+}
+
+void MoviePreviewTest::aRingShowsThatKeysGoToTheMovie() {
+    const auto* ring = _preview->findChild<QFrame*>(u"_focusRing"_s);
+    QVERIFY(ring);
+    _preview->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(_preview.get()));
+    _preview->setFocus();
+    QTRY_VERIFY(ring->isVisible());
+    _preview->resize(500, 400);
+    QTRY_COMPARE(ring->geometry(), _preview->rect());
+    QVERIFY(ring->testAttribute(Qt::WA_TransparentForMouseEvents));
+    _preview->clearFocus();
+    QTRY_VERIFY(!ring->isVisible());
 }
 
 void MoviePreviewTest::withoutPathTheFieldShowsDashes() {
