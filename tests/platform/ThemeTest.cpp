@@ -7,6 +7,7 @@
 #include <QDBusServer>
 #include <QFontMetricsF>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QTest>
@@ -124,6 +125,7 @@ class ThemeTest : public QObject {
     void portalIsFollowedLive();
     void otherSettingsOfThePortalAreIgnored();
     void withoutABusThereIsNoPreference();
+    void dialogsButtonsAreWordsAlone();
 };
 
 // The examples that the guidelines' own tools are checked with.
@@ -335,6 +337,15 @@ void ThemeTest::otherSettingsOfThePortalAreIgnored() {
 void ThemeTest::withoutABusThereIsNoPreference() {
     const SystemColourScheme system(QDBusConnection(u"no such connection"_s), QString());
     QCOMPARE(system.scheme(), ColourScheme::noPreference);
+}
+
+void ThemeTest::dialogsButtonsAreWordsAlone() {
+    Theme::apply(*qApp, Theme::Choice::dark);
+    QMessageBox box(QMessageBox::Question, {}, u"Quit?"_s, QMessageBox::Ok | QMessageBox::Cancel);
+    box.ensurePolished();
+    for (const QAbstractButton* button : box.buttons()) {
+        QVERIFY2(button->icon().isNull(), qPrintable(button->text()));
+    }
 }
 
 QTEST_MAIN(ThemeTest)
