@@ -85,6 +85,10 @@ void ClipTableController::setClipArray(std::vector<ClipInfo> clips, const std::o
     deselectAll();
     _arrivedNames.clear();
     _fileWork.cancel();
+    // What is about to be read must not be older than what is known.
+    if (_writer.isWritingIn(folder.value_or(QString()))) {
+        _writer.finishWriting();
+    }
     for (const std::optional<QString>& left : {clipFolder(), folder}) {
         _writer.leaveFolder(left.value_or(QString()));
     }

@@ -44,6 +44,7 @@ class ClipWriter : public QObject {
     bool isWriting(const QString& folder, const QString& clipName) const {
         return _backlog.find(folder, clipName).has_value();
     }
+    bool isWritingIn(const QString& folder) const { return !_backlog.namesIn(folder).isEmpty(); }
     /// Writes them now. Before files are moved, too.
     void finishWriting() { _backlog.finish(); }
 

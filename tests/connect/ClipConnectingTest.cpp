@@ -381,6 +381,24 @@ class ClipConnectingTest : public QObject {
         QCOMPARE(_t->names().size(), many + 1);
     }
 
+    void aFolderThatIsShownAgainWhileItsClipsAreSavedIsReadAsTheyAre() {
+        showManyConnected();
+        const ClipFolder other;
+        SlowFileSystem slow;
+        connecting().unConnectSelectedClips();
+        QTRY_VERIFY(slow.isAsked());
+        _t->controller->setClipArray({}, other.path());
+        QVERIFY(_t->controller->writer().isWriting());
+        const std::jthread later([&slow] {
+            std::this_thread::sleep_for(std::chrono::milliseconds(50));
+            slow.letGo();
+        });
+        _t->controller->setClipArray({}, _t->folder.path());
+        for (int number = 0; number < many; ++number) {
+            QCOMPARE(connectedTo(u"Shot#%1.xml"_s.arg(number + 1)), QString());
+        }
+    }
+
     void aSecondCommandWhileManyAreSavedIsIgnored() {
         showManyConnected();
         _t->dialogs.chosen = {_media->path()};
