@@ -118,7 +118,13 @@ std::vector<ClipInfo> ClipManager::clipsToExport() {
         return _clips->clipArray();
     }
     _current->write();
-    return readClipInfoForFolder(shownFolder().value_or(QString()));
+    const QString folder = shownFolder().value_or(QString());
+    std::vector<ClipInfo> clips = readClipInfoForFolder(folder);
+    for (ClipInfo& clip : clips) {
+        const QString name = clip.clipName().value_or(QString());
+        clip = _clips->writer().unwritten(folder, name).value_or(clip);
+    }
+    return clips;
 }
 
 QStringList ClipManager::getTrashClips() {

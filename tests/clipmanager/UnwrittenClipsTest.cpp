@@ -1,3 +1,4 @@
+#include "clipmanager/ClipExports.h"
 #include "clipmanager/ClipManagerFixture.h"
 #include "platform/FaultyFileSystem.h"
 #include "platform/NoticeBar.h"
@@ -108,6 +109,22 @@ class UnwrittenClipsTest : public QObject {
         _fixture->table().enterAttribute(_fixture->clip(u"A#01.xml"_s), ClipKey::clipScene, u"1"_s);
         QCOMPARE(_fixture->onDisk(u"A#01.xml"_s).clipRating(), 3);
         QCOMPARE(_fixture->onDisk(u"A#01.xml"_s).clipScene(), u"1"_s);
+    }
+
+    void exportWhileTheFolderIsReadHoldsWhatIsKept() {
+        showTwoClipsOnAFullDisk();
+        rate(u"A#01.xml"_s, 3);
+        manager().folderList().selectFolder(_fixture->path(u"b"_s));
+        manager().folderList().selectFolder(_fixture->path(u"a"_s));
+        QVERIFY(manager().isReading());
+        _disk.reset();
+        _fixture->dialogs.chosen = {_fixture->path(u"list.txt"_s)};
+        manager().exports().exportClipListAsText();
+        manager().exports().okTextExportOptionsSheet();
+        QTRY_VERIFY(QFile::exists(_fixture->path(u"list.txt"_s)));
+        QFile file(_fixture->path(u"list.txt"_s));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QVERIFY(file.readAll().contains("Rating: 3"));
     }
 
     void undoInAnotherFolderKeepsTheEditsThatAreNotSaved() {
