@@ -285,6 +285,9 @@ void ClipTableController::exchangeClips(const ClipChangeSet& set, const std::vec
         if (row >= 0 && _model.isHidden(row)) {
             hidden.push_back(to[i]);
         }
+        if (row < 0) {
+            _arrivedNames.insert(to[i].clipName().value_or(QString()));
+        }
     }
     _writer.write(to, *done.clipFolder);
     std::ranges::transform(to, std::back_inserter(done.asLeft), &ClipInfo::deepCopy);

@@ -340,6 +340,24 @@ class ClipOperationsTest : public QObject {
         QCOMPARE(_t->names(), QStringList(u"b#01.xml"_s));
     }
 
+    void undoWhileTheFolderIsReadShowsNoClipTwice() {
+        _t->showNew({u"a#01.xml"_s, u"b#01.xml"_s});
+        ClipInfo after = _t->clip(0).deepCopy();
+        after.setClipPath(u"/media/x.mov"_s);
+        _t->controller->changeClipsWithUndo(
+            {.oldClips = {_t->clip(0)}, .newClips = {after}, .actionName = u"connect Clips"_s});
+        _t->undo.closeStep();
+        _t->controller->setClipArray({}, _t->folder.path());
+        const std::vector<ClipInfo> read = ClipStore::readClipInfoForFolder(_t->folder.path());
+        QTest::ignoreMessage(QtWarningMsg, "not found in 'undoChangeClipsWithUndo'");
+        _t->undo.undo();
+        _t->controller->addClipsRead(read, {});
+        QCOMPARE(sorted(_t->names()), QStringList({u"a#01.xml"_s, u"b#01.xml"_s}));
+        for (const ClipInfo& clip : _t->controller->clipArray()) {
+            QVERIFY(!clip.clipPath());
+        }
+    }
+
     void undoOfAChangeNeverWritesIntoAnotherFolder() {
         _t->showNew({u"a#01.xml"_s});
         ClipInfo after = _t->clip(0).deepCopy();
