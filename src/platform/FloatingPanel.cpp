@@ -28,6 +28,8 @@ void FloatingPanel::setHiddenWithMainWindow(bool hidden) {
         hide();
         _hiddenWithMainWindow = true;
     } else if (!hidden && _hiddenWithMainWindow) {
+        // Window managers may have minimised it with the main window, and would do so with both again.
+        setWindowState(windowState() & ~Qt::WindowMinimized);
         show();
     }
 }

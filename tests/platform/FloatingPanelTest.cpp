@@ -98,6 +98,15 @@ class FloatingPanelTest : public QObject {
         QVERIFY(_panel->isVisible());
     }
 
+    // As some window managers do with the panels of a window that they minimise.
+    void aPanelMinimisedWithTheMainWindowComesBackOpen() {
+        _panel->setHiddenWithMainWindow(true);
+        _panel->setWindowState(_panel->windowState() | Qt::WindowMinimized);
+        _panel->setHiddenWithMainWindow(false);
+        QVERIFY(_panel->isVisible());
+        QVERIFY(!_panel->isMinimized());
+    }
+
     void aPanelThatWasClosedBeforeStaysClosed() {
         _panel->hide();
         _panel->setHiddenWithMainWindow(true);
