@@ -13,6 +13,7 @@
 #include "clipstore/Notifications.h"
 #include "folders/Preferences.h"
 #include "markers/MarkerSets.h"
+#include "platform/BeforeOtherPrograms.h"
 #include "platform/Dialogs.h"
 #include "platform/EventTime.h"
 #include "platform/Images.h"
@@ -116,7 +117,7 @@ void Application::startedAgain(const ProgramStart& start) {
     const ClipManager* clipManager = ClipManager::getClipManager();
     QWidget* const modal = activeModalWidget();
     if (QWidget* const window = modal ? modal : clipManager ? clipManager->window() : nullptr) {
-        makeKeyAndOrderFront(*window);
+        bringBeforeOtherPrograms(*window);
     }
     open(start.paths);
 }

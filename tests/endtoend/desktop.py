@@ -85,6 +85,9 @@ class Desktop:
         self.window("Clip Manager")
         self.settle()  # the windows come to lie where they shall
 
+    def start_other_program(self, command):
+        self._start(command, env=self.environment)
+
     def write_settings(self, settings):
         self.settings.write_bytes(plistlib.dumps(settings))
 
