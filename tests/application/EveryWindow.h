@@ -2,6 +2,7 @@
 #pragma once
 
 #include "application/Application.h"
+#include "application/ManualWindow.h"
 #include "clipmanager/ClipManager.h"
 #include "clipmanager/LeftOutMoviesDialog.h"
 #include "connect/ClipViewer.h"
@@ -16,6 +17,7 @@
 #include <QAbstractButton>
 #include <QMainWindow>
 #include <QTabWidget>
+#include <QTemporaryDir>
 
 #include <array>
 #include <memory>
@@ -30,7 +32,7 @@ class EveryWindow {
 
     static constexpr auto names = std::to_array(
         {"Clip", "File and Log", "Recorder", "Markers", "Set Editor", "Labels", "General", "Left-Out Movies",
-         "Recover Takes", "TextExportOptions", "ProgressSheet", "Keyboard Shortcuts", "Viewer"});
+         "Recover Takes", "TextExportOptions", "ProgressSheet", "Keyboard Shortcuts", "Viewer", "Manual"});
 
     /// The window of that name, on show; null when it cannot be made.
     QWidget* open(const QString& name) {
@@ -75,6 +77,9 @@ class EveryWindow {
             ClipViewer* viewer = ClipViewer::openClipWithFile(joinPath(_folder, u"Shot#01.xml"_s));
             return viewer ? &viewer->window() : nullptr;
         }
+        if (name == "Manual"_L1) {
+            return newManual();
+        }
         if (name == "Left-Out Movies"_L1) {
             _leftOut = LeftOutMoviesDialog::create(_folder, nullptr).value_or(nullptr);
             return _leftOut ? _leftOut->window() : nullptr;
@@ -85,6 +90,22 @@ class EveryWindow {
         }
         _loaded = WindowDescription::load(name).value_or(nullptr);
         return _loaded.get();
+    }
+
+    // Pages of its own: the manual's own text may change without a change of looks.
+    QWidget* newManual() {
+        const bool isWritten =
+            writeFile(
+                joinPath(_pages.path(), u"README.md"_s),
+                "# Logging a day\n\nOne **clip** a take, in a *plain* file: `Name#01.xml`.\n\n"
+                "| page | holds |\n|---|---|\n| [Keys](keys.md) | all keys |\n\n"
+                "1. Add a folder.\n2. Press **Ctrl+Space**.\n\n## At the end\n\n    marquill list FOLDER\n")
+                .has_value() &&
+            writeFile(joinPath(_pages.path(), u"keys.md"_s), "# Keys\n").has_value();
+        _manual = isWritten ? std::make_unique<ManualWindow>(
+                                  manualPages(_pages.path()).value_or(std::vector<ManualPage>()))
+                            : nullptr;
+        return _manual.get();
     }
 
     static QWidget* topLevel(const char* className, const QString& name) {
@@ -101,6 +122,8 @@ class EveryWindow {
     std::unique_ptr<LeftOutMoviesDialog> _leftOut;
     std::unique_ptr<RecoverTakesDialog> _recover;
     std::unique_ptr<QWidget> _loaded;
+    QTemporaryDir _pages;
+    std::unique_ptr<ManualWindow> _manual;
 };
 
 }  // namespace marquill
