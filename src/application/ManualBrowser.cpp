@@ -8,6 +8,7 @@
 #include <QDesktopServices>
 #include <QScrollBar>
 #include <QTextBlock>
+#include <QTextList>
 #include <QTextTable>
 
 namespace marquill {
@@ -16,16 +17,55 @@ namespace {
 constexpr int pictureWidth = 680;
 constexpr int margin = 16;
 constexpr int cellPadding = 5;
+constexpr int indent = 24;
+constexpr int aboveHeading = 22;
+constexpr int aboveListItem = 3;
+constexpr int belowBlock = 9;
 
 void drawThinLines(QTextTable& table) {
     QTextTableFormat format = table.format();
     format.setBorderCollapse(true);
     format.setBorder(1);
+    format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
     format.setBorderBrush(Theme::colours().border);
     format.setCellPadding(cellPadding);
     format.setCellSpacing(0);
+    format.setTopMargin(aboveListItem);
     format.setBottomMargin(margin);
     table.setFormat(format);
+}
+
+// Of a program's input and output.
+bool isCode(const QTextBlock& block) {
+    return block.blockFormat().hasProperty(QTextFormat::BlockCodeLanguage);
+}
+
+// Room between the blocks of a page, which Markdown does not ask for: headings go with what follows them.
+QTextBlockFormat formatInPage(const QTextBlock& block) {
+    QTextBlockFormat format = block.blockFormat();
+    if (format.headingLevel() > 0) {
+        format.setTopMargin(block.position() == 0 ? 0 : aboveHeading);
+        format.setBottomMargin(belowBlock);
+    } else if (block.textList()) {
+        format.setTopMargin(aboveListItem);
+        format.setBottomMargin(block.next().textList() ? 0 : belowBlock);
+    } else if (isCode(block)) {
+        format.setLeftMargin(indent);
+        format.setBottomMargin(isCode(block.next()) ? 0 : belowBlock);
+    } else {
+        format.setBottomMargin(belowBlock);
+    }
+    return format;
+}
+
+void setBlocksApart(QTextDocument& document) {
+    document.setIndentWidth(indent);
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        QTextCursor cursor(block);
+        if (!cursor.currentTable()) {
+            cursor.setBlockFormat(formatInPage(block));
+        }
+    }
 }
 }  // namespace
 
@@ -68,6 +108,7 @@ bool ManualBrowser::findNext(const QString& text) {
 
 void ManualBrowser::doSetSource(const QUrl& url, QTextDocument::ResourceType type) {
     QTextBrowser::doSetSource(url, type);
+    setBlocksApart(*document());
     for (QTextFrame* frame : document()->rootFrame()->childFrames()) {
         if (auto* table = qobject_cast<QTextTable*>(frame)) {
             drawThinLines(*table);

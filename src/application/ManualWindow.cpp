@@ -19,7 +19,6 @@ constexpr QSize startSize(1000, 760);
 constexpr int listWidth = 220;
 constexpr int findWidth = 220;
 constexpr int spacing = 8;
-constexpr int listSpacing = 3;
 }  // namespace
 
 ManualWindow::ManualWindow(const std::vector<ManualPage>& pages)
@@ -72,7 +71,6 @@ QWidget* ManualWindow::newHeader() {
 
 void ManualWindow::setUpPages() {
     _list->setAccessibleName(tr("Pages"));
-    _list->setSpacing(listSpacing);
     _browser->setAccessibleName(tr("Page"));
     for (const ManualPage& page : _pages) {
         _list->addItem(page.title);
